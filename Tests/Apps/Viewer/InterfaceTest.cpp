@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <set>
+#include <vector>
 
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Platform/View/Canvas.hpp"
@@ -19,9 +20,11 @@ using graphics::Rect;
 
 // The thread sanitizer would need minutes for all of them, and finds nothing more in the others.
 #if defined(__SANITIZE_THREAD__)
-constexpr graphics::Size windows[] = {{390, 844}};
+const std::vector<graphics::Size> usualWindows{{390, 844}};
+const std::vector<graphics::Size>& allWindows = usualWindows;
 #else
-constexpr graphics::Size windows[] = {
+const std::vector<graphics::Size> usualWindows{{390, 844}, {1280, 800}};
+const std::vector<graphics::Size> allWindows{
     {390, 844}, {768, 1024}, {1080, 1920}, {1280, 800}, {3840, 2160}};
 #endif
 
@@ -78,9 +81,10 @@ class InterfaceTest : public testing::Test {
     }
   }
 
-  // Shows a state in all windows and sizes of text. Saves pictures for people to look at if
-  // ORIVANTA_PICTURES names a folder.
-  static void checkState(test::ViewerStage& stage, const std::string& state) {
+  // Shows a state in windows of some sizes and in all sizes of text. Saves pictures for people to
+  // look at if ORIVANTA_PICTURES names a folder.
+  static void checkState(test::ViewerStage& stage, const std::vector<graphics::Size>& windows,
+                         const std::string& state) {
     const char* const folder = std::getenv("ORIVANTA_PICTURES");
     for (const graphics::Size window : windows)
       for (const int percent : {100, 200}) {
@@ -115,9 +119,14 @@ TEST_F(InterfaceTest, FitsEveryWindowInEveryDirectionAndSizeOfText) {
   struct Case {
     const char* language;
     theme::Look look;
+    const std::vector<graphics::Size>& windows = usualWindows;
   };
-  for (const auto& [language, look] :
-       {Case{"en", {}}, {"de", {.isDark = true}}, {"ar", {.hasHighContrast = true}}}) {
+  // The words of German are the longest, and Arabic is written from right to left.
+  for (const auto& [language, look, windows] : {Case{"en", {}},
+                                                {"de", {.isDark = true}, allWindows},
+                                                {"ar", {.hasHighContrast = true}, allWindows},
+                                                {"fr", {}},
+                                                {"ja", {.isDark = true}}}) {
     test::ViewerStage stage({.settings = test::settingsFor(server->root()),
                              .slug = std::nullopt,
                              .languages = language,
@@ -125,8 +134,8 @@ TEST_F(InterfaceTest, FitsEveryWindowInEveryDirectionAndSizeOfText) {
                              .look = look,
                              .theme = look.isDark ? MapTheme::dark() : MapTheme::light()});
     stage.until([&] { return stage.viewer.venueList().size() > 0; });
-    const auto state = [&](const char* name) {
-      checkState(stage, fmt::format("{}-{}", name, stage.viewer.texts().language()));
+    const auto state = [&, &shown = windows](const char* name) {
+      checkState(stage, shown, fmt::format("{}-{}", name, stage.viewer.texts().language()));
     };
     state("venues");
     stage.viewer.venueList().chooseMarked();

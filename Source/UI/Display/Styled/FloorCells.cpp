@@ -81,6 +81,30 @@ void FloorCells::add(const std::array<Vector3, 3>& triangle, const CellFrame& fr
   }
 }
 
+bool FloorCells::contains(Point point, const CellFrame& frame) const {
+  const Point place = turned(point, -frame.turn);
+  const double column = (place.x - frame.left) / frame.width * side;
+  const double row = (place.y - frame.front) / frame.depth * side;
+  return column >= 0 && column < side && row >= 0 && row < side &&
+         (columns_[static_cast<std::size_t>(column)] >> static_cast<int>(row) & 1U) != 0;
+}
+
+const StackCover::Level& StackCover::of(const Map& floor) const {
+  return *std::find_if(levels.begin(), levels.end(),
+                       [&](const Level& level) { return level.floor == &floor; });
+}
+
+bool StackCover::hides(const Vector3& point, const Vector3& eye) const {
+  constexpr double leastShare = 1e-3;  // of the way to the eye; a floor does not hide what is on it
+  for (const Level& level : levels) {
+    const double share = (level.height - point.z) / (double{eye.z} - point.z);
+    if (!(share > leastShare && share < 1)) continue;
+    const Vector3 at = point + (eye - point) * static_cast<float>(share);
+    if (level.cells.contains({at.x, at.y}, frame)) return true;
+  }
+  return false;
+}
+
 int FloorCells::hiddenBy(const FloorCells& other, int shift) const {
   int hidden = 0;
   for (std::size_t i = 0; i < columns_.size(); ++i)

@@ -4,11 +4,15 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <span>
+#include <vector>
 
+#include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Vector.hpp"
 #include "Platform/Scene/Fwd.hpp"
+#include "Source/Fwd.hpp"
 
 namespace orivanta {
 
@@ -30,6 +34,9 @@ class FloorCells {
   /// `frame` must enclose the shapes of the floor.
   FloorCells(std::span<const std::shared_ptr<scene::Node>> shapes, const CellFrame& frame);
 
+  /// Returns whether a point of the floors lies in a cell that the floor covers. `frame`: the same.
+  bool contains(graphics::Point point, const CellFrame& frame) const;
+
   /// Returns the least share of the columns' length by which another floor must be shifted away
   /// from the viewer so that it, and any larger shift, covers at most a share of these cells.
   double shiftOf(const FloorCells& other, double share) const;
@@ -41,6 +48,24 @@ class FloorCells {
   static constexpr int side = 64;
   std::array<std::uint64_t, side> columns_{};  // bit 0 is nearest to the viewer
   int count_ = 0;
+};
+
+/// What stacked floors hide of those below.
+struct StackCover {
+  struct Level {
+    const Map* floor;
+    FloorCells cells;
+    double height = std::numeric_limits<double>::lowest();  ///< of the floor, once it is stacked
+  };
+
+  /// Returns the level of a floor, which must be there.
+  const Level& of(const Map& floor) const;
+
+  /// Returns whether a floor covers a point that is seen from another one, both in the scene.
+  bool hides(const graphics::Vector3& point, const graphics::Vector3& eye) const;
+
+  CellFrame frame;
+  std::vector<Level> levels;  ///< of all floors that can be stacked
 };
 
 }  // namespace orivanta

@@ -38,12 +38,6 @@ bool isPlain(PlaceKind kind) {
   return kind == PlaceKind::room || kind == PlaceKind::office || kind == PlaceKind::other;
 }
 
-std::string joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
-  return text;
-}
-
 class FloorLabeling {
  public:
   FloorLabeling(const FloorRecords& records, const MapTheme& theme, const TextMeasure& measure,
@@ -60,8 +54,13 @@ class FloorLabeling {
     const std::size_t count = labels_.size();
     for (std::size_t i = 0; i < count; ++i)
       if (labels_[i].room && !labels_[i].symbolFirst) addFurther(i);
-    return {std::move(labels_), std::move(anchors_), std::move(sources_), std::move(large_),
-            raster(),           unitsPerMeter_};
+    return {std::move(labels_),
+            std::move(anchors_),
+            std::move(sources_),
+            std::move(large_),
+            raster(),
+            unitsPerMeter_,
+            {}};
   }
 
  private:
@@ -131,7 +130,7 @@ class FloorLabeling {
       for (LabelLines& lines : source.names) lines.lines.push_back(lastLine);
     }
     for (const LabelLines& lines : source.names) {
-      const graphics::Size size = measure_(joined(lines.lines), style);
+      const graphics::Size size = measure_(joinedLines(lines), style);
       // The lines are higher than their glyphs: half of the halo lies above and below them.
       label.names.push_back(
           {size.width + 2 * style.outlineWidth, size.height + style.outlineWidth});
@@ -194,6 +193,12 @@ class FloorLabeling {
 };
 
 }  // namespace
+
+std::string joinedLines(const LabelLines& lines) {
+  std::string text;
+  for (const std::string& line : lines.lines) text += (text.empty() ? "" : "\n") + line;
+  return text;
+}
 
 graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize) {
   graphics::TextStyle style;

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "Platform/Graphics/Vector.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/Styled/FloorAreas.hpp"
+#include "Source/UI/Display/Styled/FloorCells.hpp"
 #include "Source/UI/Display/Styled/FloorRecords.hpp"
 #include "Source/UI/Labels/AreaRaster.hpp"
 #include "Source/UI/Labels/LineBreaks.hpp"
@@ -51,7 +53,11 @@ struct FloorLabels {
   std::vector<LargeArea> large;
   AreaRaster raster;         ///< the areas of the labels and of other shapes, without walkable ones
   double unitsPerMeter = 1;  ///< scene units; estimated if the venue does not state its scale
+  std::shared_ptr<const StackCover> cover;  ///< hides anchors; null if nothing does
 };
+
+/// Returns the lines of a name with line breaks between them.
+std::string joinedLines(const LabelLines& lines);
 
 /// Returns the style of names of a font size, in points: the font, the halo and the colors.
 graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize);

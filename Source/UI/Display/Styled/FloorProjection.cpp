@@ -12,6 +12,7 @@ FloorProjection::FloorProjection(const scene::Viewpoint& viewpoint, graphics::Si
   const graphics::Matrix4& toCamera = viewpoint.viewMatrix();
   tilt_ = std::acos(std::clamp<double>(toCamera[2][2], -1, 1));
   turn_ = std::atan2(toCamera[1][0], toCamera[0][0]);
+  eye_ = graphics::Vector3(glm::inverse(toCamera)[3]);
 }
 
 ProjectedPlace FloorProjection::of(const graphics::Vector3& point) const {

@@ -20,6 +20,8 @@ class FloorProjection {
   double tilt() const { return tilt_; }  ///< see `CameraPose`
   double turn() const { return turn_; }  ///< see `CameraPose`
 
+  const graphics::Vector3& eye() const { return eye_; }  ///< where the camera is in the scene
+
   /// Returns where a point of the scene appears.
   ProjectedPlace of(const graphics::Vector3& point) const;
 
@@ -29,6 +31,7 @@ class FloorProjection {
   double pointsAtOne_;  // points per unit at a depth of 1
   double tilt_;
   double turn_;
+  graphics::Vector3 eye_;
 };
 
 }  // namespace orivanta

@@ -88,15 +88,18 @@ void FloorStack::build(const std::shared_ptr<const MapTheme>& theme) {
   StackLevels::Lines lines;
   for (const RouteContents& route : routes_) lines.push_back(route.line);
   levels_.clear();
-  StackLayout layout({*map_->venue, current, floorsOnRoutes(), flat_->pose.turn,
-                      map_->camera().lens().size, theme->words});
+  const Insets& insets = map_->camera().insets();
+  graphics::Size free = map_->camera().lens().size;
+  free.width -= insets.left + insets.right;
+  free.height -= insets.top + insets.bottom;
+  StackLayout layout(
+      {*map_->venue, current, floorsOnRoutes(), flat_->pose.turn, free, theme->words});
   levels_.build(*map_, layout, std::move(lines), *theme);
   turn_ = layout.turn;
   extent_ = layout.extent;
   corners_ = std::move(layout.corners);
-  contents_ = std::make_shared<const StackContents>(
-      StackContents{std::move(layout.stack), layout.box, current, routes_, selected_, theme});
-  shown_->setContents(contents_);
+  cover_ = std::move(layout.cover);
+  show({std::move(layout.stack), layout.box, current, routes_, selected_, theme});
   map_->camera().setExtent(extent_);
   levels_.showRoutes(routes_, *theme);
   levels_.setOutlineShare(outlineShare());
@@ -144,10 +147,10 @@ void FloorStack::floorChanged(const std::shared_ptr<Map>& former, CameraMotion m
   const bool canGlide = motion == CameraMotion::glide && former->mapObject;
   const auto rise = canGlide ? levels_.change(current, former) : std::nullopt;
   if (!rise) return drop(/*restoresCamera=*/true);
-  change([&](StackContents& contents) {
-    contents.shown = current;
-    for (StackedFloor& floor : contents.stack.floors) floor.offset -= *rise;
-  });
+  StackContents contents = *contents_;
+  contents.shown = current;
+  for (StackedFloor& floor : contents.stack.floors) floor.offset -= *rise;
+  show(std::move(contents));
   setShare(share_);
   CameraPose pose = map_->camera().pose();
   pose.z -= *rise * share_;
@@ -190,7 +193,9 @@ void FloorStack::clear() {
 void FloorStack::copyLooks(const std::shared_ptr<const MapTheme>& theme) {
   if (!contents_) return;
   const Transaction transaction;
-  change([&](StackContents& contents) { contents.theme = theme; });
+  StackContents contents = *contents_;
+  contents.theme = theme;
+  show(std::move(contents));
   levels_.copyLooks(*theme);
   levels_.showRoutes(routes_, *theme);
 }
@@ -202,13 +207,13 @@ void FloorStack::setRoutes(std::vector<RouteContents> routes,
   const auto isKnown = [&](const RouteContents& route) { return levels_.hasLine(*route.line); };
   if (isOn_ && !std::all_of(routes_.begin(), routes_.end(), isKnown)) return rebuild(theme);
   const Transaction transaction;
-  change([&](StackContents& contents) { contents.routes = routes_; });
+  StackContents contents = *contents_;
+  contents.routes = routes_;
+  show(std::move(contents));
   levels_.showRoutes(routes_, *theme);
 }
 
-void FloorStack::change(const std::function<void(StackContents&)>& change) {
-  StackContents contents = *contents_;
-  change(contents);
+void FloorStack::show(StackContents contents) {
   contents_ = std::make_shared<const StackContents>(std::move(contents));
   shown_->setContents(contents_);
 }
@@ -216,7 +221,16 @@ void FloorStack::change(const std::function<void(StackContents&)>& change) {
 void FloorStack::setSelected(std::optional<RouteMark> selected) {
   if (selected == selected_) return;
   selected_ = std::move(selected);
-  if (isShown()) change([&](StackContents& contents) { contents.selected = selected_; });
+  if (!isShown()) return;
+  StackContents contents = *contents_;
+  contents.selected = selected_;
+  show(std::move(contents));
+}
+
+std::shared_ptr<const FloorLabels> FloorStack::symbols(const MapTheme& theme,
+                                                       const guidance::Closures& closures) const {
+  if (!isOn_ || share_ < 1 || !routes_.empty()) return nullptr;
+  return stackSymbols(*map_->venue, contents_->stack, cover_, theme, closures);
 }
 
 bool FloorStack::isOutdated() const { return isOn_ && levels_.lineCount() != routes_.size(); }

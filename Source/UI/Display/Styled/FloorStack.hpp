@@ -2,7 +2,6 @@
 // Private header.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -14,6 +13,7 @@
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/Styled/RouteContents.hpp"
 #include "Source/UI/Display/Styled/StackLevels.hpp"
+#include "Source/UI/Display/Styled/StackSymbols.hpp"
 #include "Source/UI/Display/Styled/StackView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -85,6 +85,10 @@ class FloorStack {
   FloorList floors() const { return levels_.floors(); }
   std::shared_ptr<Map> floorOf(const scene::Node& node) const { return levels_.floorOf(node); }
 
+  /// Returns symbols for the stack while it is complete and without routes, otherwise null.
+  std::shared_ptr<const FloorLabels> symbols(const MapTheme& theme,
+                                             const guidance::Closures& closures) const;
+
   /// Returns the view that draws the names and the marks. Null if detached.
   StackView* view() const { return shown_.get(); }
 
@@ -101,7 +105,7 @@ class FloorStack {
 
   void build(const std::shared_ptr<const MapTheme>& theme);
   FloorList floorsOnRoutes() const;
-  void change(const std::function<void(StackContents&)>& change);
+  void show(StackContents contents);
   CameraPose stackPose() const;
   double outlineShare() const;
   void moveTo(double share, CameraMotion motion);
@@ -115,6 +119,7 @@ class FloorStack {
   std::optional<Motion> motion_;
   StackLevels levels_;
   std::shared_ptr<const StackContents> contents_;
+  std::shared_ptr<const StackCover> cover_;
   graphics::Box extent_;                    // of the whole stack
   std::vector<graphics::Vector3> corners_;  // of the shapes of the stack
   double turn_ = 0;

@@ -1,7 +1,6 @@
 #include "Source/UI/Display/Styled/LabelPieces.hpp"
 
 #include <algorithm>
-#include <string>
 #include <utility>
 
 namespace orivanta {
@@ -11,12 +10,6 @@ using graphics::Rect;
 namespace {
 
 constexpr double appearanceTime = 0.2;  // seconds
-
-std::string linesOf(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
-  return text;
-}
 
 }  // namespace
 
@@ -55,7 +48,7 @@ void LabelPieces::add(const ShownLabel& shown, const PlaceLabel& label, const La
   }
   if (shown.nameOpacity > 0) {
     LabelPicture picture;
-    picture.text = linesOf(source.names[shown.lines - 1].lines);
+    picture.text = joinedLines(source.names[shown.lines - 1]);
     picture.size = frame.theme.nameSize(label.rank);
     addPiece(picture, shown.name, shown.nameOpacity, since.name, frame);
   } else {

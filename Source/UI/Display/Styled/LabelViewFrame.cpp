@@ -56,9 +56,12 @@ void LabelView::choosePictures(double scale) {
 
 void LabelView::place(const FloorProjection& projection, double time, double scale) {
   places_.clear();
-  for (std::size_t i = 0; i < labels_->anchors.size(); ++i)
-    places_.push_back(isMarked(labels_->sources[i].place) ? ProjectedPlace()
-                                                          : projection.of(labels_->anchors[i]));
+  for (std::size_t i = 0; i < labels_->anchors.size(); ++i) {
+    const bool isHidden =
+        isMarked(labels_->sources[i].place) ||
+        (labels_->cover && labels_->cover->hides(labels_->anchors[i], projection.eye()));
+    places_.push_back(isHidden ? ProjectedPlace() : projection.of(labels_->anchors[i]));
+  }
   const std::vector<Rect> panels = obstacles_.panels(map_, *this, scale);
   placeSelected(projection, panels, scale);
   namePlaces_.choose(*labels_, places_, bounds().size, panels);

@@ -35,7 +35,8 @@ std::shared_ptr<Location> placeOfShape(const Venue& venue, const std::string& na
   return connector == connectors.end() ? nullptr : connector->second;
 }
 
-HitPlace hitInStack(const MapView& view, const FloorStack& stack, graphics::Point point) {
+HitPlace hitInStack(const MapView& view, const FloorStack& stack, const LabelView& labels,
+                    graphics::Point point) {
   if (auto floor = stack.view()->nameAt(point)) return {nullptr, nullptr, true, std::move(floor)};
   if (auto mark = stack.view()->markAt(point)) {
     if (mark->leadsTo) return {std::move(mark->place), nullptr, true, std::move(mark->leadsTo)};
@@ -45,23 +46,25 @@ HitPlace hitInStack(const MapView& view, const FloorStack& stack, graphics::Poin
       return hit;
     }
   }
-  const auto hits = view.sceneView->hits(point);
-  if (hits.empty()) return {};
   HitPlace hit;
+  hit.place = labels.labelAt(point);
+  const auto hits = view.sceneView->hits(point);
+  if (hits.empty()) return hit;
   hit.floor = stack.floorOf(*hits.front().node);
-  if (view.venue) hit.place = placeOfShape(*view.venue, hits.front().node->name().value_or(""));
+  if (view.venue && !hit.place)
+    hit.place = placeOfShape(*view.venue, hits.front().node->name().value_or(""));
   return hit;
 }
 
 }  // namespace
 
 HitPlace hitPlace(const MapView& view, const StyledMap& style, graphics::Point point) {
-  if (style.stack().isOn()) return hitInStack(view, style.stack(), point);
+  const LabelView& labels = *style.labels().view();
+  if (style.stack().isOn()) return hitInStack(view, style.stack(), labels, point);
   if (auto mark = style.route().markAt(point)) {
     if (mark->leadsTo) return {std::move(mark->place), nullptr, true, std::move(mark->leadsTo)};
     if (mark->place) return label(view.currentMap(), std::move(mark->place));
   }
-  const LabelView& labels = *style.labels().view();
   if (auto place = labels.labelAt(point)) return label(view.currentMap(), std::move(place));
   const auto hits = view.sceneView->hits(point);
   if (!hits.empty() && view.venue)

@@ -22,10 +22,10 @@ struct HitPlace {
 };
 
 /// Finds the place at a point of the view. If floors are stacked: the floor of a name, else the
-/// place of a mark, else that of the nearest shape of any floor. Otherwise: that of a mark, else
-/// that of a name or a symbol, else that of the nearest shape, else that of the nearest symbol
-/// within 16 points. The map view must show a floor, and the style must be that of the map view.
-/// Main thread.
+/// place of a mark, else that of a symbol, else that of the nearest shape of any floor. Otherwise:
+/// that of a mark, else that of a name or a symbol, else that of the nearest shape, else that of
+/// the nearest symbol within 16 points. The map view must show a floor, and the style must be that
+/// of the map view. Main thread.
 HitPlace hitPlace(const MapView& view, const StyledMap& style, graphics::Point point);
 
 }  // namespace orivanta

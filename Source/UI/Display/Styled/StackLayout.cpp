@@ -18,8 +18,9 @@ namespace {
 constexpr double hiddenShare = 0.22;  // of a floor, by another one
 // From one floor to the next, of the depth of all floors.
 constexpr double leastShift = 0.3;
-constexpr double mostShift = 1.6;   // where there is room
-constexpr double usedShare = 0.75;  // of the height of the view
+constexpr double mostShift = 1.6;  // where there is room
+// Of the height of the view. Less is used because the names of the floors need width.
+constexpr double usedShare = 0.9;
 
 using Points = std::vector<graphics::Vector3>;
 using ShapesOfFloors = std::map<const Map*, StackShapes>;
@@ -65,21 +66,18 @@ FloorList floorsWithModels(const Venue& venue, const std::shared_ptr<Map>& shown
 
 // At most a share of each floor is hidden by another one, as far as the grid can tell. The floors
 // are further apart if the view is high enough.
-FloorSpacing spacingOf(const ShapesOfFloors& shapes, const Points& points, double turn,
-                       graphics::Size view) {
-  const CellFrame frame(points, turn);
-  std::map<const Map*, FloorCells> cells;
-  for (const auto& [floor, each] : shapes) cells.emplace(floor, FloorCells(each.shapes, frame));
+FloorSpacing spacingOf(std::shared_ptr<const StackCover> cover, graphics::Size view) {
+  const CellFrame& frame = cover->frame;
   const double upright = std::cos(stackTilt) / std::sin(stackTilt);
   const double height = frame.width * view.height / std::max(1.0, view.width);
   const double flat = frame.depth * std::cos(stackTilt);
-  const double count =
-      std::max<double>(1, static_cast<double>(std::min(shapes.size(), mostStackedFloors)) - 1);
+  const double count = std::max<double>(
+      1, static_cast<double>(std::min(cover->levels.size(), mostStackedFloors)) - 1);
   const double room = flat > 0 ? (height * usedShare - flat) / flat / count : 0;
   const double least = std::clamp(room, leastShift, mostShift);
-  return [cells = std::move(cells), depth = frame.depth * upright, least](const Map& lower,
+  return [cover = std::move(cover), depth = frame.depth * upright, least](const Map& lower,
                                                                           const Map& upper) {
-    const double shift = cells.at(&lower).shiftOf(cells.at(&upper), hiddenShare);
+    const double shift = cover->of(lower).cells.shiftOf(cover->of(upper).cells, hiddenShare);
     return std::max(shift, least) * depth;
   };
 }
@@ -105,10 +103,15 @@ StackLayout::StackLayout(const StackInput& input) {
     flat.insert(flat.end(), own.corners.begin(), own.corners.end());
   }
   turn = broadestTurn(flat, input.turn);
-  stack =
-      stackFloors(floors, input.onRoute, input.shown, spacingOf(shapes, flat, turn, input.view));
+  auto covered = std::make_shared<StackCover>(StackCover{CellFrame(flat, turn), {}});
+  for (const auto& [floor, own] : shapes)
+    covered->levels.push_back({floor, FloorCells(own.shapes, covered->frame)});
+  cover = covered;
+  stack = stackFloors(floors, input.onRoute, input.shown, spacingOf(cover, input.view));
   for (const StackedFloor& floor : stack.floors) {
     const StackShapes& each = shapes.at(floor.floor.get());
+    for (StackCover::Level& level : covered->levels)
+      if (level.floor == floor.floor.get()) level.height = floor.offset;
     if (each.box.isEmpty()) continue;
     box.add(each.box);
     extent.add(raised(each.box, floor.offset));

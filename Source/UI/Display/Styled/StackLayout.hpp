@@ -9,6 +9,7 @@
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Vector.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/UI/Display/Styled/FloorCells.hpp"
 #include "Source/UI/Display/Styled/StackFloors.hpp"
 #include "Source/UI/Display/Styled/StackShapes.hpp"
 
@@ -20,7 +21,7 @@ struct StackInput {
   std::shared_ptr<Map> shown;  ///< a floor
   FloorList onRoute;           ///< the floors that routes visit
   double turn = 0;             ///< of the camera before, radians
-  graphics::Size view;         ///< points
+  graphics::Size view;         ///< the free part of it, points
   const KindWords& words;      ///< determine what shapes are
 };
 
@@ -33,6 +34,7 @@ struct StackLayout {
   StackedFloors stack;
   std::map<const Map*, StackShapes> shapes;  ///< of these floors, and maybe of others
   double turn = 0;                           ///< of the camera, with the longer side across
+  std::shared_ptr<const StackCover> cover;   ///< of these floors
   graphics::Box box;                         ///< of the floors, not stacked
   graphics::Box extent;                      ///< of the stacked floors
   std::vector<graphics::Vector3> corners;    ///< of the stacked shapes

@@ -17,7 +17,7 @@ using graphics::Transaction;
 
 namespace {
 
-constexpr float fadedOpacity = 0.45F;
+constexpr float fadedOpacity = 0.3F;
 
 }  // namespace
 

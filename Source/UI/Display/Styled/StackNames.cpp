@@ -88,9 +88,10 @@ double StackNames::rightEdge(double otherwise) const {
 
 std::shared_ptr<const graphics::Image> StackNames::textImage(const std::string& text, bool isShown,
                                                              const MapTheme& theme) {
-  auto& image = texts_[{text, isShown}];
-  if (!image) image = graphics::makeTextImage(text, styleOf(theme, isShown), scale_);
-  return image;
+  for (const Text& known : texts_)
+    if (known.text == text && known.isShown == isShown) return known.image;
+  texts_.push_back({text, isShown, graphics::makeTextImage(text, styleOf(theme, isShown), scale_)});
+  return texts_.back().image;
 }
 
 // Returns the names at the heights of their floors, the highest first, and the left edge of the

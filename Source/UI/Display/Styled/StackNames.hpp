@@ -2,10 +2,8 @@
 // Private header.
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "Platform/Graphics/Image.hpp"
@@ -54,6 +52,12 @@ class StackNames {
     std::shared_ptr<const graphics::Image> image{};
   };
 
+  struct Text {
+    std::string text;
+    bool isShown;  // the text is the name of the shown floor
+    std::shared_ptr<const graphics::Image> image;
+  };
+
   std::vector<Name> namesOf(const StackContents& contents, const FloorProjection& projection,
                             double share, double& left);
   void place(std::vector<Name>& names, const Room& room, double height, double left) const;
@@ -64,7 +68,7 @@ class StackNames {
 
   std::vector<Name> drawn_;
   double scale_ = 0;  // of the images
-  std::map<std::pair<std::string, bool>, std::shared_ptr<const graphics::Image>> texts_;
+  std::vector<Text> texts_;
 };
 
 }  // namespace orivanta

@@ -1,5 +1,6 @@
 #include "Source/UI/Display/Styled/StackShapes.hpp"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "Platform/Scene/Node.hpp"
@@ -10,9 +11,7 @@ namespace orivanta {
 
 namespace {
 
-// Times the area of everything else.
-constexpr double largestFramed = 2;
-constexpr double largestShown = 3;
+constexpr double largestSlab = 2;  // times the area of everything else
 
 std::vector<graphics::Vector3> cornersIn(const scene::Node& shape) {
   std::vector<graphics::Vector3> corners;
@@ -28,7 +27,10 @@ double areaOf(const graphics::Box& box) {
   return box.isEmpty() ? 0 : (double{box.max.x} - box.min.x) * (double{box.max.y} - box.min.y);
 }
 
-bool isSlab(const ShapeRole& role) { return role.surface == ShapeRole::Surface::slab; }
+using Surface = ShapeRole::Surface;
+
+bool isSlab(const ShapeRole& role) { return role.surface == Surface::slab; }
+bool isWalkable(const ShapeRole& role) { return role.surface == Surface::walkable; }
 
 }  // namespace
 
@@ -41,11 +43,14 @@ StackShapes::StackShapes(const Map& floor, const Venue& venue, const KindWords& 
 }
 
 void StackShapes::choose(const graphics::Box& all) {
-  const double ratio = contents_.isEmpty() ? 0 : areaOf(slabs_) / areaOf(all);
+  const bool isSite = areaOf(slabs_) > largestSlab * areaOf(all) &&
+                      std::any_of(roles.begin(), roles.end(), isWalkable);
   const auto children = model_->children();
   for (std::size_t i = 0; i < children.size(); ++i) {
-    if (isSlab(roles[i]) && ratio > largestShown) leftOut.push_back(children[i]);
-    if (isSlab(roles[i]) && ratio > largestFramed) continue;
+    if (isSite && isSlab(roles[i])) {
+      leftOut.push_back(children[i]);
+      continue;
+    }
     shapes.push_back(children[i]);
     for (const graphics::Vector3& corner : cornersIn(*children[i])) {
       corners.push_back(corner);

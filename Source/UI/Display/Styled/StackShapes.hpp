@@ -12,9 +12,9 @@
 
 namespace orivanta {
 
-/// The shapes of a model. A slab that is twice as large as everything that lies on the slabs of all
-/// floors does not count, so that the camera comes nearer. A slab that is three times as large is
-/// hidden: it is the site and not the storey, and would hide the floors below.
+/// The shapes of a model. A slab that is more than twice as large as everything that lies on the
+/// slabs of all floors is hidden: it is the site and not the storey, would hide the floors below,
+/// and would keep the camera away. It stays if nobody can walk on anything else.
 class StackShapes {
  public:
   /// The floor must have a model. Main thread.

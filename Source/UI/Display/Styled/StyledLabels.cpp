@@ -79,6 +79,7 @@ void StyledLabels::detach() {
   clear();
   shown_->removeFromSuperview();
   shown_.reset();
+  instead_.reset();
   map_ = nullptr;
 }
 
@@ -111,18 +112,31 @@ void StyledLabels::setClosures(const guidance::Closures& closures, const std::st
 }
 
 void StyledLabels::setSelected(std::optional<SelectedPlace> selected) {
-  if (shown_) shown_->setSelected(std::move(selected));
+  selected_ = std::move(selected);
+  if (shown_ && !instead_) shown_->setSelected(selected_);
 }
+
+void StyledLabels::setInstead(std::shared_ptr<const FloorLabels> labels) {
+  if (!shown_ || labels == instead_) return;
+  instead_ = std::move(labels);
+  shown_->setSelected(instead_ ? std::nullopt : selected_);
+  showMade();
+}
+
+void StyledLabels::showMade() { shown_->setLabels(instead_ ? instead_ : made_); }
 
 void StyledLabels::clear() {
   making_.reset();
   model_.reset();
-  if (std::exchange(theme_, nullptr)) shown_->setLabels(nullptr);
+  if (std::exchange(theme_, nullptr)) {
+    made_.reset();
+    showMade();
+  }
 }
 
 void StyledLabels::take() {
-  const auto made = std::exchange(making_, nullptr);
-  shown_->setLabels(made->result());
+  made_ = std::exchange(making_, nullptr)->result();
+  showMade();
 }
 
 void StyledLabels::finish() {

@@ -43,6 +43,9 @@ class StyledLabels {
   /// Marks a place on the current floor.
   void setSelected(std::optional<SelectedPlace> selected);
 
+  /// Shows other labels, and no selected place, instead of those of the floor; null ends this.
+  void setInstead(std::shared_ptr<const FloorLabels> labels);
+
   /// Removes the labels.
   void clear();
 
@@ -71,10 +74,14 @@ class StyledLabels {
 
   void make();
   void take();
+  void showMade();
 
   MapView* map_ = nullptr;
   std::shared_ptr<LabelView> shown_;
-  std::shared_ptr<Making> making_;  // null if nothing is being made
+  std::shared_ptr<Making> making_;              // null if nothing is being made
+  std::shared_ptr<const FloorLabels> made_;     // null if nothing was made
+  std::shared_ptr<const FloorLabels> instead_;  // null if those of the floor are shown
+  std::optional<SelectedPlace> selected_;
   std::weak_ptr<scene::Node> model_;
   std::shared_ptr<const MapTheme> theme_;  // of the labels
   std::shared_ptr<Areas> areas_;           // null before the first labels

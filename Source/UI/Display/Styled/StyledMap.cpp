@@ -91,6 +91,7 @@ void StyledMap::restyle() {
   labels_.show(theme_);
   showSelected();
   stack_.copyLooks(theme_);
+  stackChanged();
 }
 
 void StyledMap::styleFloor(const Map& map) {

@@ -57,6 +57,7 @@ void StyledMap::showClosures() {
     for (const auto& map : *venue->maps)
       if (map->mapObject) colorFloor(*map, shapeRoles(*map, *venue, theme_->words));
   stack_.copyLooks(theme_);
+  stackChanged();
   showSelected();
 }
 

@@ -25,6 +25,7 @@ void StyledMap::routesChanged() {
   std::vector<RouteContents> routes;
   for (const RouteContents* const route : route_.routes()) routes.push_back(*route);
   stack_.setRoutes(std::move(routes), theme_);
+  stackChanged();
 }
 
 void StyledMap::floorChanged(const std::shared_ptr<Map>& former) {
@@ -38,15 +39,19 @@ void StyledMap::floorChanged(const std::shared_ptr<Map>& former) {
 }
 
 void StyledMap::advance(double time) {
-  if (stack_.isOutdated()) stack_.rebuild(theme_);
-  if (!stack_.isMoving()) return;
+  if (stack_.isOutdated())
+    stack_.rebuild(theme_);
+  else if (!stack_.isMoving())
+    return;
   stack_.advance(time);
   stackChanged();
 }
 
 void StyledMap::stackChanged() {
   look_.setShadows(1 - stack_.share());
-  labels_.setHidden(stack_.isShown());
+  auto symbols = stack_.symbols(*theme_, closures_);
+  labels_.setHidden(stack_.isShown() && !symbols);
+  labels_.setInstead(std::move(symbols));
   route_.setHidden(stack_.isShown());
 }
 

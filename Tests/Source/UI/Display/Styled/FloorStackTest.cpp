@@ -1,6 +1,7 @@
 // Stacked floors and the transition between floors.
 #include "Source/UI/Display/Styled/FloorStack.hpp"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
+#include "Source/Vortex.hpp"
 #include "Tests/Platform/Render/Studio.hpp"
 #include "Tests/Support/CountedPixels.hpp"
 #include "Tests/Support/Fingers.hpp"
@@ -169,6 +171,39 @@ TEST_F(FloorStackTest, ShowsTheSelectedPlaceAndThePositionOnTheirFloors) {
   EXPECT_GT(countPixels(*stacked, colors.iconInfo), 30);
   style->setSelected(nullptr);
   EXPECT_EQ(countPixels(*draw(), colors.pin), 0);
+}
+
+// The upper floor covers the back of the ground floor.
+TEST_F(FloorStackTest, ShowsTheWaysToOtherFloorsUnlessTheyAreCoveredOrARouteIsShown) {
+  style->setStill(true);
+  const auto way = [&](const char* id, double x, double y, const std::vector<std::size_t>& floors) {
+    auto made = Vortex::make(
+        *RawData::parse(fmt::format(R"({{"id": "{}", "name": "Lift", "type": "elevator"}})", id)));
+    for (const std::size_t floor : floors) made->nodes.push_back(shown.node(x, y, 0, floor));
+    return made;
+  };
+  const auto discs = [&] {
+    return countPixels(*draw(), style->theme()->disc(PlaceKind::lift)) / 40;
+  };
+  style->setStacked(true);
+  EXPECT_EQ(discs(), 0);
+  shown.venue->vortices = {way("lift", 600, 200, {0, 1}), way("covered", 300, 900, {0}),
+                           way("before", 750, 650, {0}), way("outside", 900, 200, {1})};
+  style->setStacked(false);
+  style->setStacked(true);
+  EXPECT_EQ(discs(), 3);
+  style->setLabels(false);
+  EXPECT_EQ(discs(), 0);
+  style->setLabels(true);
+  style->setClosures(guidance::Closures({"before"}));
+  EXPECT_EQ(discs(), 2);
+  {
+    RouteOverlay route(shown.mapView, {shown.node(200, 80, 0), shown.node(500, 80, 0)});
+    route.show(1);
+    EXPECT_EQ(discs(), 0);
+  }
+  view.camera().advance(time);
+  EXPECT_EQ(discs(), 2);
 }
 
 TEST_F(FloorStackTest, TheFormerFloorFadesUnlessMotionIsReduced) {

@@ -12,7 +12,7 @@ using graphics::Rect;
 // without an area. All names are 50 points wide.
 TEST(NamePlaces, FollowTheViewOnlyIfTheMainNameIsOutOfIt) {
   const std::vector<Point> anchors{{20, 10}, {0, 0}, {10, 5}, {30, 5}, {10, 15}, {30, 15}};
-  FloorLabels labels{{}, {}, {}, {{0, 2, 6, 10}}, AreaRaster({}, {}), 1};
+  FloorLabels labels{{}, {}, {}, {{0, 2, 6, 10}}, AreaRaster({}, {}), 1, {}};
   labels.labels.resize(anchors.size());
   for (PlaceLabel& label : labels.labels) label.names = {{50, 14}};
   NamePlaces names;
