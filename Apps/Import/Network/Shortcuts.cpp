@@ -38,7 +38,7 @@ constexpr Rule acrossSpaces{40.0, 1.25, 10.0, true};
 constexpr Rule pastStops{25.0, 1.25, 2.0, false};
 constexpr Rule fromStops{15.0, 1.25, 1.0, false};
 constexpr Rule toStops{15.0, 1.1, 1.0, false};
-constexpr Rule betweenEnds{40.0, 1.25, 2.0, false};
+constexpr Rule betweenEnds{40.0, 1.08, 1.0, false};
 
 class Shortcuts {
  public:
