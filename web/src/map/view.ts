@@ -56,8 +56,9 @@ export class MapView extends RouteFunctions {
       canvas.start({
         draw: (...frame) => {
           this.module.enter((core, map) => core._orivantaMapFrame(map, ...frame));
-          // Until the frame is on the screen.
-          if (engine.turns.isHeld) requestAnimationFrame(() => engine.turns.release());
+          // Until the frame is on the screen. The next frame may begin before the browser has drawn this one.
+          const released = () => requestAnimationFrame(() => engine.turns.release());
+          if (engine.turns.isHeld) requestAnimationFrame(released);
         },
         contextChanged: (isThere) => this.#contextChanged(isThere),
       });
