@@ -74,12 +74,13 @@ export function startLinks(app: App, keepsHistory: boolean): void {
     const written: Entry = { layers: layersOf(app.ui), depth };
     history[way](written, "", addressOf(store.state, location.href));
   };
+  const writeAddress = () => history.replaceState(history.state, "", addressOf(store.state, location.href));
   store.applyState(stateOf(location.href));
   app.changeUi(entry().layers); // those before a reload
   addEventListener("popstate", () => {
     if (isClosing) {
       isClosing = false;
-      history.replaceState(history.state, "", addressOf(store.state, location.href));
+      writeAddress();
       return keepLayers();
     }
     store.applyState(stateOf(location.href)); // first: another venue begins without layers
@@ -91,7 +92,9 @@ export function startLinks(app: App, keepsHistory: boolean): void {
     if (isOther && isNewView && keepsHistory) {
       write("pushState", 0);
       isNew = true;
-    } else history.replaceState(history.state, "", addressOf(state, location.href));
+    } else {
+      writeAddress();
+    }
   });
   const keepLayers = () => {
     if (!keepsHistory || isClosing) return;
