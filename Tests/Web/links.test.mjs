@@ -46,6 +46,7 @@ test("links", { timeout: 180_000 }, async (t) => {
     const entries = await page.evaluate(() => history.length);
     await page.click("#search");
     await page.type("#search", "kestrel");
+    await page.waitForFunction(() => history.state?.layers.typed === "kestrel"); // not only its first letters
     await tab.clickText("[role=option]", "The Paper Kestrel");
     await tab.waitForText("h2", "The Paper Kestrel");
     await page.goBack();
