@@ -20,6 +20,7 @@
 #include "Apps/Import/Network/Rooms.hpp"
 #include "Apps/Import/Network/Shortcuts.hpp"
 #include "Apps/Import/Network/Sight.hpp"
+#include "Apps/Import/Network/Smooth.hpp"
 #include "Apps/Import/Network/SourceLines.hpp"
 #include "Apps/Import/Network/StaffOnly.hpp"
 #include "Apps/Import/Network/Tidy.hpp"
@@ -69,6 +70,7 @@ class Maker {
       addShortcuts(space_, draft_);
       joinCrossings(draft_);
       mergeNearNodes(space_, draft_);
+      smoothBends(space_, draft_);
       avoidObstacles(draft_, space_, ways_);
     }
     joinSpotsToStops(building_, level_, spotReach, draft_);
