@@ -6,6 +6,8 @@
 #include <random>
 #include <set>
 
+#include "Apps/Import/Network/Smooth.hpp"
+
 namespace orivanta::importer {
 
 namespace {
@@ -330,6 +332,24 @@ TEST(ImportNetwork, SurvivesDamage) {
         ASSERT_FALSE(breaksThrough(plan.building, a, b)) << a.x << ' ' << a.y;
       }
     }
+}
+
+// A hall of 20 by 6 meters with walls below and above.
+TEST(Network, MovesNodesToBendLess) {
+  const Space hall(Shape{{package::rectangle(0.0, 0.0, 20.0, 6.0), {}}});
+  const auto moved = [&](Point middle, Point end) {
+    Draft draft;
+    const auto first = draft.addNode({2.0, 3.0}, NodeKind::door, "door", "door");
+    const auto node = draft.addWay(middle);
+    draft.addEdge(first, node, false);
+    draft.addEdge(node, draft.addNode(end, NodeKind::door, "other", "other"), false);
+    smoothBends(hall, draft);
+    return draft.nodes[node].position;
+  };
+  EXPECT_NEAR(moved({10.0, 4.2}, {18.0, 3.0}).y, 3.0, 0.01);
+  EXPECT_EQ(moved({10.0, 5.0}, {18.0, 3.0}).y, 5.0) << "farther than nodes move";
+  EXPECT_EQ(moved({4.0, 3.2}, {4.2, 5.5}).y, 3.2) << "a sharp turn";
+  EXPECT_GE(moved({10.0, 1.5}, {18.0, -0.3}).y, 1.0) << "nearer to the wall than people walk";
 }
 
 }  // namespace orivanta::importer
