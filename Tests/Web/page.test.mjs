@@ -62,6 +62,10 @@ test("a visitor finds a place and a route to it", async (t) => {
   await tab.clickText(".walk button", "Next step");
   await tab.waitForText(".walk-number", "Step 2 of");
   await accessible(tab, "walk");
+  await page.evaluate(() => dispatchEvent(new Event("beforeprint")));
+  await page.waitForSelector(".steps li + li"); // all instructions on paper
+  await page.evaluate(() => dispatchEvent(new Event("afterprint")));
+  await tab.waitForText(".walk-number", "Step 2 of");
   await tab.clickText(".walk button", "All steps");
 
   await page.goBack();

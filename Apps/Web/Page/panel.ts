@@ -30,8 +30,9 @@ export class Panel {
   #page: PageName = "loading";
   #shown = ""; // what the content was made of
   #view = ""; // what the user takes for one page
-  readonly #tops = new Map<string, number>(); // how far pages were scrolled
-  #spot = ""; // what that belongs to
+  #spot = ""; // the view and the route it belongs to
+  #behind = { spot: "", top: 0 }; // the page behind a detail page, and how far it was scrolled
+  #isPrinting = false;
   #venue: object | null = null;
 
   constructor(app: App, search: SearchField, session: Session) {
@@ -44,6 +45,12 @@ export class Panel {
     const renew = () => document.hidden || this.update();
     setInterval(renew, renewalPause);
     document.addEventListener("visibilitychange", renew);
+    for (const type of ["beforeprint", "afterprint"]) {
+      addEventListener(type, () => {
+        this.#isPrinting = type === "beforeprint";
+        this.update();
+      });
+    }
   }
 
   update(): void {
@@ -61,19 +68,22 @@ export class Panel {
     const view = JSON.stringify([page, state.place, page === "browse" && [browsing.page, "kind" in browsing && browsing.kind]]);
     const isNew = view !== this.#view;
     const former = this.#page;
-    this.#tops.set(this.#spot, this.#content.scrollTop);
+    const wasDetail = detailPages.includes(former);
+    const isDetail = detailPages.includes(page);
+    const { scrollTop } = this.#content;
+    if (isDetail && !wasDetail) this.#behind = { spot: this.#spot, top: scrollTop };
     this.#spot = JSON.stringify([view, state.from, state.to]);
     this.#shown = key;
     this.#venue = venue;
     this.#view = view;
     this.#page = page;
-    const isBack = detailPages.includes(former) && !detailPages.includes(page);
-    const top = isBack ? this.#tops.get(this.#spot) : isNew ? 0 : this.#content.scrollTop;
+    const isBack = wasDetail && !isDetail && this.#spot === this.#behind.spot;
+    const top = isBack ? this.#behind.top : isNew ? 0 : scrollTop;
     const hadFocus = this.#content.contains(document.activeElement);
     const isOpen = !isNew && this.#content.querySelector("details[open]") !== null;
     keepingFocus(this.#content, () => this.#content.replaceChildren(...this.#make(page)));
     if (isOpen) this.#content.querySelector("details")?.setAttribute("open", "");
-    this.#content.scrollTop = top ?? 0;
+    this.#content.scrollTop = top;
     if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus);
   }
 
@@ -98,7 +108,8 @@ export class Panel {
     if (ui.isSearching) return ui.typed.trim() ? "results" : "browse";
     if (store.state.place !== null && shown.venue.placeNamed(store.state.place)) return "card";
     if (store.state.from === null && store.state.to === null) return "browse";
-    return ui.step !== null && this.#app.route?.steps[ui.step] ? "walk" : "route";
+    // On paper, all instructions stand together.
+    return ui.step !== null && this.#app.route?.steps[ui.step] && !this.#isPrinting ? "walk" : "route";
   }
 
   #make(page: PageName): Node[] {
