@@ -31,7 +31,7 @@ export class Panel {
   #shown = ""; // what the content was made of
   #view = ""; // what the user takes for one page
   #spot = ""; // the view and the route it belongs to
-  #behind = { spot: "", top: 0 }; // the page behind a detail page, and how far it was scrolled
+  #behind = { spot: "", top: 0, key: "" }; // the page behind a detail page, how far it was scrolled, and what was chosen
   #isPrinting = false;
   #venue: object | null = null;
 
@@ -71,7 +71,10 @@ export class Panel {
     const wasDetail = detailPages.includes(former);
     const isDetail = detailPages.includes(page);
     const { scrollTop } = this.#content;
-    if (isDetail && !wasDetail) this.#behind = { spot: this.#spot, top: scrollTop };
+    const active = document.activeElement;
+    const hadFocus = this.#content.contains(active);
+    const focused = hadFocus ? (active as HTMLElement).dataset["key"] : undefined;
+    if (isDetail && !wasDetail) this.#behind = { spot: this.#spot, top: scrollTop, key: focused ?? "" };
     this.#spot = JSON.stringify([view, state.from, state.to]);
     this.#shown = key;
     this.#venue = venue;
@@ -79,12 +82,11 @@ export class Panel {
     this.#page = page;
     const isBack = wasDetail && !isDetail && this.#spot === this.#behind.spot;
     const top = isBack ? this.#behind.top : isNew ? 0 : scrollTop;
-    const hadFocus = this.#content.contains(document.activeElement);
     const isOpen = !isNew && this.#content.querySelector("details[open]") !== null;
     keepingFocus(this.#content, () => this.#content.replaceChildren(...this.#make(page)));
     if (isOpen) this.#content.querySelector("details")?.setAttribute("open", "");
     this.#content.scrollTop = top;
-    if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus);
+    if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus, isBack ? this.#behind.key : "");
   }
 
   /** Returns what a page is made of. If it stays the same, the elements stay as well. */
@@ -134,13 +136,15 @@ export class Panel {
     }
   }
 
-  // A control that is gone leaves the focus to the title of the new page, so that the keyboard goes on there.
-  #moveFocus(former: PageName, page: PageName, hadFocus: boolean): void {
+  // A control that is gone leaves the focus to what was chosen on this page before, or to its title, so that the keyboard
+  // goes on there.
+  #moveFocus(former: PageName, page: PageName, hadFocus: boolean, chosen: string): void {
     const isFirst = former === "loading" && page !== "failure" && !hadFocus;
     if (isFirst || page === "results" || (page === "loading" && !hadFocus)) return;
     const active = document.activeElement;
     if (active !== null && active !== document.body && active !== this.#content) return;
-    const title = this.#content.querySelector<HTMLElement>("[data-key$=title]") ?? this.#content;
-    title.focus({ preventScroll: true });
+    const find = (selector: string) => this.#content.querySelector<HTMLElement>(selector);
+    const target = find(`[data-key="${CSS.escape(chosen)}"]`) ?? find("[data-key$=title]") ?? this.#content;
+    target.focus({ preventScroll: true });
   }
 }

@@ -124,6 +124,7 @@ export class Session {
     const [problem] = venue.problems;
     if (problem) {
       this.#notice = showNotice(app.t("page.venue.incomplete", { problem: problem.reason }), {
+        isStanding: true,
         action: { label: app.t("retry"), run: () => void this.reload() },
       });
     }
@@ -187,7 +188,7 @@ export class Session {
   #keep(text: string): void {
     Object.assign(this.#app, { loading: null, isOutdated: true });
     this.#app.changed();
-    this.#notice = showNotice(text, { action: { label: this.#app.t("retry"), run: () => void this.reload() } });
+    this.#notice = showNotice(text, { isStanding: true, action: { label: this.#app.t("retry"), run: () => void this.reload() } });
   }
 
   // Nothing can be called any more.
