@@ -7,6 +7,9 @@ const unused = [
   /var dataURIPrefix.*?(?=function createWasm\(\))/, // fetches the module
   /function receiveInstantiationResult.*?(?=if\(Module\["instantiateWasm"\]\))/,
   /else if\(pname==35719\).*?(?=else\{HEAP32\[p>>2\]=GLctx\.getProgramParameter)/, // lengths of names in programs
+  /else if\(pname==35720\)\{.*?\}(?=else\{HEAP32\[p>>2\]=GLctx\.getShaderParameter)/, // lengths of sources of shaders
+  /createContext:function\(canvas.*?\},(?=registerContext:)/, // the package makes contexts itself
+  /case 36346:ret=1;break;case 36344:.*?(?=case 33309:)/, // values that WebGL does not have
   /case 7939:var exts=[^;]*;exts=exts\.concat\([^;]*;ret=stringToNewUTF8\(exts\.join\(" "\)\);break;/, // all extensions
   /case 35724:var glslVersion=.*?ret=stringToNewUTF8\(glslVersion\);break(?=\})/, // the version of GLSL
   /case"object":if\(result===null\)\{switch\(name_\).*?ret=result\.name\|0\}break(?=\}\}switch\(type\))/, // values that are no numbers

@@ -31,7 +31,7 @@ export class Panel {
   #shown = ""; // what the content was made of
   #view = ""; // what the user takes for one page
   #spot = ""; // the view and the route it belongs to
-  #behind = { spot: "", top: 0, key: "" }; // the page behind a detail page, how far it was scrolled, and what was chosen
+  #behind = { spot: "", top: 0, place: "" }; // the page behind a detail page, how far it was scrolled, and what was chosen
   #isPrinting = false;
   #venue: object | null = null;
 
@@ -71,10 +71,7 @@ export class Panel {
     const wasDetail = detailPages.includes(former);
     const isDetail = detailPages.includes(page);
     const { scrollTop } = this.#content;
-    const active = document.activeElement;
-    const hadFocus = this.#content.contains(active);
-    const focused = hadFocus ? (active as HTMLElement).dataset["key"] : undefined;
-    if (isDetail && !wasDetail) this.#behind = { spot: this.#spot, top: scrollTop, key: focused ?? "" };
+    if (isDetail && !wasDetail) this.#behind = { spot: this.#spot, top: scrollTop, place: state.place ?? "" };
     this.#spot = JSON.stringify([view, state.from, state.to]);
     this.#shown = key;
     this.#venue = venue;
@@ -82,11 +79,12 @@ export class Panel {
     this.#page = page;
     const isBack = wasDetail && !isDetail && this.#spot === this.#behind.spot;
     const top = isBack ? this.#behind.top : isNew ? 0 : scrollTop;
+    const hadFocus = this.#content.contains(document.activeElement);
     const isOpen = !isNew && this.#content.querySelector("details[open]") !== null;
     keepingFocus(this.#content, () => this.#content.replaceChildren(...this.#make(page)));
     if (isOpen) this.#content.querySelector("details")?.setAttribute("open", "");
     this.#content.scrollTop = top;
-    if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus, isBack ? this.#behind.key : "");
+    if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus, isBack ? this.#behind.place : "");
   }
 
   /** Returns what a page is made of. If it stays the same, the elements stay as well. */

@@ -26,7 +26,8 @@ export class Shell {
   readonly #map: MapHost;
   readonly #status = h("p", { role: "status", class: "visually-hidden" });
   readonly #name = h("bdi");
-  readonly #title = h("h1", { class: "bar-title" }, this.#name);
+  readonly #host = h("p", { class: "host", dir: "ltr" });
+  readonly #title = h("div", { class: "bar-texts" }, h("h1", { class: "bar-title" }, this.#name), this.#host);
   readonly #skip = h("a", { class: "skip", href: "#search" });
   // One line, or all of it after a click.
   readonly #attributionText = h("summary", { dir: "auto" });
@@ -97,6 +98,7 @@ export class Shell {
     const name = shown?.venue.name ?? "";
     document.title = name || this.#app.t("page.title");
     this.#name.textContent = name || this.#app.t("page.title");
+    this.#host.textContent = this.#app.foreignHost;
     this.#area.setAttribute("aria-label", this.#app.t("page.map"));
     this.#skip.textContent = this.#app.t("page.skip");
     for (const [element, key] of this.#labeled) {
