@@ -65,19 +65,16 @@ FloorList floorsWithModels(const Venue& venue, const std::shared_ptr<Map>& shown
 }
 
 // At most a share of each floor is hidden by another one, as far as the grid can tell. The floors
-// are further apart if the view is high enough.
-FloorSpacing spacingOf(std::shared_ptr<const StackCover> cover, graphics::Size view) {
-  const CellFrame& frame = cover->frame;
+// are further apart if the view is high enough. `height`: of the stack if all floors are 1 apart.
+FloorSpacing spacingOf(const StackCover& cover, graphics::Size view, double height) {
+  const CellFrame& frame = cover.frame;
   const double upright = std::cos(stackTilt) / std::sin(stackTilt);
-  const double height = frame.width * view.height / std::max(1.0, view.width);
+  const double most = frame.width * view.height / std::max(1.0, view.width) * usedShare;
   const double flat = frame.depth * std::cos(stackTilt);
-  const double count = std::max<double>(
-      1, static_cast<double>(std::min(cover->levels.size(), mostStackedFloors)) - 1);
-  const double room = flat > 0 ? (height * usedShare - flat) / flat / count : 0;
+  const double room = flat > 0 && height > 0 ? (most - flat) / flat / height : 0;
   const double least = std::clamp(room, leastShift, mostShift);
-  return [cover = std::move(cover), depth = frame.depth * upright, least](const Map& lower,
-                                                                          const Map& upper) {
-    const double shift = cover->of(lower).cells.shiftOf(cover->of(upper).cells, hiddenShare);
+  return [&cover, depth = frame.depth * upright, least](const Map& lower, const Map& upper) {
+    const double shift = cover.of(lower).cells.shiftOf(cover.of(upper).cells, hiddenShare);
     return std::max(shift, least) * depth;
   };
 }
@@ -107,11 +104,16 @@ StackLayout::StackLayout(const StackInput& input) {
   for (const auto& [floor, own] : shapes)
     covered->levels.push_back({floor, FloorCells(own.shapes, covered->frame)});
   cover = covered;
-  stack = stackFloors(floors, input.onRoute, input.shown, spacingOf(cover, input.view));
+  const auto stackAt = [&](const FloorSpacing& spacing) {
+    stack = stackFloors(floors, input.onRoute, input.shown, spacing);
+    return stack.floors.back().offset - stack.floors.front().offset;
+  };
+  const double height = stackAt([](const Map&, const Map&) { return 1.0; });
+  stackAt(spacingOf(*cover, input.view, height));
   for (const StackedFloor& floor : stack.floors) {
     const StackShapes& each = shapes.at(floor.floor.get());
     for (StackCover::Level& level : covered->levels)
-      if (level.floor == floor.floor.get()) level.height = floor.offset;
+      if (level.floor == floor.floor.get() && floor.isWhole) level.height = floor.offset;
     if (each.box.isEmpty()) continue;
     box.add(each.box);
     extent.add(raised(each.box, floor.offset));

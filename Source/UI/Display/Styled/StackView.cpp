@@ -7,6 +7,7 @@
 #include "Source/Map.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
+#include "Source/UI/Display/Styled/RouteBoxes.hpp"
 #include "Source/UI/MapView.hpp"
 
 namespace orivanta {
@@ -93,14 +94,27 @@ std::optional<double> StackView::riseOf(const Map& floor) const {
   return offset ? std::optional(*offset * share_) : std::nullopt;
 }
 
-void StackView::draw(view::Canvas& canvas) {
+void StackView::arrange(double scale, std::vector<Rect>& covered) {
   names_.hide();
   const auto viewpoint = map_.sceneView->viewpoint();
   if (!contents_ || !viewpoint) return;
   const FloorProjection projection(*viewpoint, bounds().size);
-  drawRides(canvas, projection);
-  names_.draw(canvas, *contents_, projection, {bounds().size, map_.camera().insets()}, share_);
-  if (share_ >= 1) drawMarks(canvas, projection);
+  names_.arrange(*contents_, projection, {bounds().size, map_.camera().insets()}, share_, scale);
+  names_.addBoxes(covered);
+  if (share_ < 1) return;
+  placeMarks(projection);
+  covered.insert(covered.end(), marks_.boxes().begin(), marks_.boxes().end());
+  for (const Leg& leg : legs(projection))
+    addRouteBoxes(leg.from, leg.to, bounds().size, contents_->theme->sizes.route, covered);
+}
+
+void StackView::draw(view::Canvas& canvas) {
+  const auto viewpoint = map_.sceneView->viewpoint();
+  if (!contents_ || !viewpoint) return;
+  for (const Leg& leg : legs(FloorProjection(*viewpoint, bounds().size)))
+    if (leg.isRide) drawRide(canvas, leg.from.point, leg.to.point);
+  names_.draw(canvas, *contents_, share_);
+  if (share_ >= 1) marks_.draw(canvas);
 }
 
 // Raises the marks and the lines of the routes to their floors.
@@ -131,35 +145,37 @@ void StackView::showMarks() {
   marks_.set(std::move(marks), std::move(lines), contents.theme);
 }
 
-void StackView::drawMarks(view::Canvas& canvas, const FloorProjection& projection) {
+void StackView::placeMarks(const FloorProjection& projection) {
   Insets insets = map_.camera().insets();
   insets.left = names_.rightEdge(insets.left - nameGap) + nameGap;
   const graphics::Size size = bounds().size;
   marks_.place(projection, {{insets.left, insets.top},
                             {size.width - insets.left - insets.right,
                              size.height - insets.top - insets.bottom}});
-  marks_.draw(canvas);
 }
 
-void StackView::drawRides(view::Canvas& canvas, const FloorProjection& projection) const {
-  const auto placeOf = [&](const RoutePoint& point) -> std::optional<Point> {
+// Returns the parts of the routes between the points that are in front of the camera.
+std::vector<StackView::Leg> StackView::legs(const FloorProjection& projection) const {
+  const auto placeOf = [&](const RoutePoint& point) {
     const auto offset = contents_->offsetOf(*point.floor);
-    if (!offset) return std::nullopt;
+    if (!offset) return ProjectedPlace();
     graphics::Vector3 position = point.position;
     position.z += static_cast<float>(*offset * share_);
-    const ProjectedPlace place = projection.of(position);
-    return place.pointsPerUnit > 0 ? std::optional(place.point) : std::nullopt;
+    return projection.of(position);
   };
+  std::vector<Leg> legs;
   for (const RouteContents& route : contents_->routes) {
     const auto points = route.line->points();
-    std::optional<RoutePoint> before;
+    const RoutePoint* before = nullptr;
     for (std::size_t i = 0; i < points.size(); ++i) {
-      const auto to = placeOf(points[i]);
-      if (!to || isPassedInRide(points, i)) continue;
-      if (before && before->floor != points[i].floor) drawRide(canvas, *placeOf(*before), *to);
-      before = points[i];
+      const ProjectedPlace to = placeOf(points[i]);
+      if (!(to.pointsPerUnit > 0) || isPassedInRide(points, i)) continue;
+      if (before != nullptr)
+        legs.push_back({placeOf(*before), to, before->floor != points[i].floor});
+      before = &points[i];
     }
   }
+  return legs;
 }
 
 void StackView::drawRide(view::Canvas& canvas, Point from, Point to) const {
