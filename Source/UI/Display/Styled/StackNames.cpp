@@ -157,10 +157,6 @@ void StackNames::draw(view::Canvas& canvas, const StackContents& contents, doubl
   for (const Name& name : drawn_) drawName(canvas, name, contents, share);
 }
 
-void StackNames::addBoxes(std::vector<Rect>& boxes) const {
-  for (const Name& name : drawn_) boxes.push_back(name.rect);
-}
-
 void StackNames::drawName(view::Canvas& canvas, const Name& name, const StackContents& contents,
                           double share) const {
   const MapTheme& theme = *contents.theme;

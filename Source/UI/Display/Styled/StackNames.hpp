@@ -42,9 +42,6 @@ class StackNames {
   /// Draws the names where they were placed.
   void draw(view::Canvas& canvas, const StackContents& contents, double share) const;
 
-  /// Adds the parts of the view that the names cover.
-  void addBoxes(std::vector<graphics::Rect>& boxes) const;
-
   /// Returns the floor whose name is at a point of the last frame, or null.
   std::shared_ptr<Map> at(graphics::Point point) const;
 

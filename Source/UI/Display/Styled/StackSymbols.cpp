@@ -1,11 +1,8 @@
 #include "Source/UI/Display/Styled/StackSymbols.hpp"
 
 #include <cmath>
-#include <numeric>
 #include <utility>
-#include <vector>
 
-#include "Platform/Foundation/Sorting.hpp"
 #include "Source/UI/Display/Styled/FloorRecords.hpp"
 
 namespace orivanta {
@@ -13,9 +10,7 @@ namespace orivanta {
 namespace {
 
 constexpr double mostImportant = 100;
-// Points between symbols of a floor.
-constexpr double leastOfKind = 48;
-constexpr double leastOfOthers = 26;
+constexpr double leastDistance = 48;  // points, between symbols of a kind on a floor
 constexpr double scaleShare = 0.3;  // of the scales from which on icons are shown on a single floor
 
 bool hasSymbol(PlaceKind kind) {
@@ -24,28 +19,18 @@ bool hasSymbol(PlaceKind kind) {
          kind == PlaceKind::exit;
 }
 
-// Raises the scales of labels from `first` on that are near more important ones. In the order of
-// importance, each label is shown from the scale on at which it is far from those shown there.
+// Raises the scale of the last label so that it is far from those of its kind that are shown there.
 void thinOut(FloorLabels& symbols, std::size_t first) {
-  std::vector<std::size_t> order(symbols.labels.size() - first);
-  std::iota(order.begin(), order.end(), first);
-  foundation::stableSort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
-    return symbols.labels[left].rank > symbols.labels[right].rank;
-  });
-  const auto scaleOf = [&](std::size_t i) -> double& { return symbols.labels[i].scales.symbol; };
-  for (auto own = order.begin(); own != order.end(); ++own)
-    for (bool isRaised = true; isRaised;) {
-      isRaised = false;
-      for (auto other = order.begin(); other != own; ++other) {
-        const graphics::Vector3 way = symbols.anchors[*own] - symbols.anchors[*other];
-        const bool areAlike = symbols.sources[*own].kind == symbols.sources[*other].kind;
-        const double scale = (areAlike ? leastOfKind : leastOfOthers) * symbols.unitsPerMeter /
-                             std::hypot(double{way.x}, double{way.y});
-        if (scaleOf(*other) > scaleOf(*own) || scaleOf(*own) >= scale) continue;
-        scaleOf(*own) = scale;
-        isRaised = true;
-      }
-    }
+  const std::size_t last = symbols.labels.size() - 1;
+  double& scale = symbols.labels[last].scales.symbol;
+  for (std::size_t i = first; i < last;) {
+    const graphics::Vector3 way = symbols.anchors[last] - symbols.anchors[i];
+    const double least = leastDistance * symbols.unitsPerMeter / std::hypot(way.x, way.y);
+    const bool isNear = symbols.sources[i].kind == symbols.sources[last].kind &&
+                        symbols.labels[i].scales.symbol <= scale && scale < least;
+    if (isNear) scale = least;
+    i = isNear ? first : i + 1;  // more labels may be shown at a larger scale
+  }
 }
 
 }  // namespace
@@ -74,8 +59,8 @@ std::shared_ptr<const FloorLabels> stackSymbols(const Venue& venue, const Stacke
       label.symbolSize = size;
       symbols->labels.push_back(std::move(label));
       symbols->sources.push_back({place.place, place.kind, false, place.isClosed, {}});
+      thinOut(*symbols, first);
     }
-    thinOut(*symbols, first);
   }
   symbols->cover = std::move(cover);
   return symbols;

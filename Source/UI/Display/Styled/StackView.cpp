@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Source/Map.hpp"
@@ -96,22 +97,22 @@ std::optional<double> StackView::riseOf(const Map& floor) const {
 
 void StackView::arrange(double scale, std::vector<Rect>& covered) {
   names_.hide();
+  legs_.clear();
   const auto viewpoint = map_.sceneView->viewpoint();
   if (!contents_ || !viewpoint) return;
   const FloorProjection projection(*viewpoint, bounds().size);
+  placeLegs(projection);
   names_.arrange(*contents_, projection, {bounds().size, map_.camera().insets()}, share_, scale);
-  names_.addBoxes(covered);
   if (share_ < 1) return;
   placeMarks(projection);
   covered.insert(covered.end(), marks_.boxes().begin(), marks_.boxes().end());
-  for (const Leg& leg : legs(projection))
+  for (const Leg& leg : legs_)
     addRouteBoxes(leg.from, leg.to, bounds().size, contents_->theme->sizes.route, covered);
 }
 
 void StackView::draw(view::Canvas& canvas) {
-  const auto viewpoint = map_.sceneView->viewpoint();
-  if (!contents_ || !viewpoint) return;
-  for (const Leg& leg : legs(FloorProjection(*viewpoint, bounds().size)))
+  if (!contents_) return;
+  for (const Leg& leg : legs_)
     if (leg.isRide) drawRide(canvas, leg.from.point, leg.to.point);
   names_.draw(canvas, *contents_, share_);
   if (share_ >= 1) marks_.draw(canvas);
@@ -154,28 +155,24 @@ void StackView::placeMarks(const FloorProjection& projection) {
                              size.height - insets.top - insets.bottom}});
 }
 
-// Returns the parts of the routes between the points that are in front of the camera.
-std::vector<StackView::Leg> StackView::legs(const FloorProjection& projection) const {
-  const auto placeOf = [&](const RoutePoint& point) {
-    const auto offset = contents_->offsetOf(*point.floor);
-    if (!offset) return ProjectedPlace();
-    graphics::Vector3 position = point.position;
-    position.z += static_cast<float>(*offset * share_);
-    return projection.of(position);
-  };
-  std::vector<Leg> legs;
+// Places the parts of the routes between points that are in front of the camera.
+void StackView::placeLegs(const FloorProjection& projection) {
   for (const RouteContents& route : contents_->routes) {
     const auto points = route.line->points();
-    const RoutePoint* before = nullptr;
+    const Map* floor = nullptr;
+    ProjectedPlace from;
     for (std::size_t i = 0; i < points.size(); ++i) {
-      const ProjectedPlace to = placeOf(points[i]);
-      if (!(to.pointsPerUnit > 0) || isPassedInRide(points, i)) continue;
-      if (before != nullptr)
-        legs.push_back({placeOf(*before), to, before->floor != points[i].floor});
-      before = &points[i];
+      const auto offset = contents_->offsetOf(*points[i].floor);
+      if (!offset || isPassedInRide(points, i)) continue;
+      graphics::Vector3 position = points[i].position;
+      position.z += static_cast<float>(*offset * share_);
+      const ProjectedPlace to = projection.of(position);
+      if (!(to.pointsPerUnit > 0)) continue;
+      const Map* const former = std::exchange(floor, points[i].floor.get());
+      if (former != nullptr) legs_.push_back({from, to, former != floor});
+      from = to;
     }
   }
-  return legs;
 }
 
 void StackView::drawRide(view::Canvas& canvas, Point from, Point to) const {

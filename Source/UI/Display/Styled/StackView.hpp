@@ -48,9 +48,9 @@ class StackView : public view::View {
   /// Returns the mark of a route at a point of the last frame, or nothing.
   std::optional<RouteMark> markAt(graphics::Point point) const;
 
-  /// Arranges the names and the marks for the current frame, and adds what they and the routes
-  /// cover, in points. `scale`: pixels per point. Call it under the transaction in which a frame is
-  /// gathered, before `draw`.
+  /// Arranges the names and the marks for the current frame, and adds what the marks
+  /// and the routes cover, in points. `scale`: pixels per point. Call it under the transaction in
+  /// which a frame is gathered, before `draw`.
   void arrange(double scale, std::vector<graphics::Rect>& covered);
 
   void draw(view::Canvas& canvas) override;
@@ -64,7 +64,7 @@ class StackView : public view::View {
     bool isRide;  // to another floor
   };
 
-  std::vector<Leg> legs(const FloorProjection& projection) const;
+  void placeLegs(const FloorProjection& projection);
   void drawRide(view::Canvas& canvas, graphics::Point from, graphics::Point to) const;
   void placeMarks(const FloorProjection& projection);
 
@@ -74,6 +74,7 @@ class StackView : public view::View {
   double share_ = 0;
   bool isMoving_ = false;
   bool isFading_ = false;
+  std::vector<Leg> legs_;  // of the routes, in the current frame
   StackNames names_;
   RouteMarks marks_;
 };
