@@ -12,7 +12,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double leastShare = 0.7;  // of the size of a text whose longest word is wider than it
+constexpr double leastShare = 0.7;  // of the size of a text whose longest word does not fit
 
 // Returns the longest word of a script whose words are not broken; empty if there is none.
 std::string_view longestWord(std::string_view text) {
@@ -76,13 +76,12 @@ graphics::TextStyle Label::textStyle(double width) const {
   return style;
 }
 
-// Makes the text smaller rather than break a word.
+// Makes the text smaller rather than break a word, unless the word must be broken even so.
 void Label::fitWord(graphics::TextStyle& style) const {
-  const double room = std::exchange(style.maximumWidth, 0);
+  const double room = std::exchange(style.maximumWidth, 0) - 1;  // slightly more than it needs
   const double width = graphics::measureText(longestWord(text_), style).width;
-  style.maximumWidth = room;
-  // A text needs slightly more than its own width.
-  if (room > 0 && width >= room) style.fontSize *= std::max(leastShare, (room - 1) / width);
+  style.maximumWidth = room + 1;
+  if (width > room && width * leastShare <= room) style.fontSize *= room / width;
 }
 
 bool Label::isCut() const {
