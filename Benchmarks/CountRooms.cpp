@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <utility>
+#include <vector>
 
-#include "Apps/Import/DisjointSets.hpp"
 #include "Apps/Import/Doors/WalkableSpace.hpp"
+#include "Apps/Import/Report/Summary.hpp"
 #include "Benchmarks/NetworkFigures.hpp"
 
 namespace orivanta::benchmarks {
@@ -52,29 +54,14 @@ void countDoors(const Building& building) {
 
 // Rooms that are connected with the largest part of the network, connectors included.
 void countReachableRooms(const Building& building, bool list) {
-  const importer::Network& network = building.network;
-  importer::DisjointSets parts(network.nodes.size());
-  for (const importer::Edge& edge : network.edges) parts.join(edge.from, edge.to);
-  std::map<std::string, std::size_t> boarding;
-  for (std::size_t i = 0; i < network.nodes.size(); ++i)
-    if (network.nodes[i].kind == NodeKind::boarding) {
-      const auto [first, isNew] = boarding.emplace(network.nodes[i].of, i);
-      if (!isNew) parts.join(i, first->second);
-    }
-  std::map<std::size_t, std::size_t> sizes;
-  for (std::size_t i = 0; i < network.nodes.size(); ++i) ++sizes[parts.find(i)];
-  std::size_t largest = 0;
-  for (const auto& [part, size] : sizes)
-    if (sizes[largest] < size) largest = part;
-  std::map<std::string, bool> rooms;
-  for (const importer::Area& area : building.areas)
-    if (area.kind == importer::AreaKind::room) rooms.emplace(area.id, false);
-  for (std::size_t i = 0; i < network.nodes.size(); ++i)
-    if (const auto room = rooms.find(network.nodes[i].of);
-        room != rooms.end() && parts.find(i) == largest)
-      room->second = true;
-  for (const importer::Area& area : building.areas) {
-    if (!list || area.kind != importer::AreaKind::room || rooms.at(area.id)) continue;
+  importer::NetworkParts parts = importer::networkParts(building);
+  const std::size_t reachable = parts.rooms.empty() ? 0 : parts.rooms.front().size();
+  std::vector<std::size_t> apart = std::move(parts.withoutNodes);
+  for (std::size_t part = 1; part < parts.rooms.size(); ++part)
+    apart.insert(apart.end(), parts.rooms[part].begin(), parts.rooms[part].end());
+  for (const std::size_t index : apart) {
+    if (!list) break;
+    const importer::Area& area = building.areas[index];
     const auto doors = std::count_if(
         building.doors.begin(), building.doors.end(), [&](const importer::Door& door) {
           return std::find(door.areas.begin(), door.areas.end(), area.id) != door.areas.end();
@@ -83,9 +70,7 @@ void countReachableRooms(const Building& building, bool list) {
                area.level, doors, importer::areaOf(area.shape), area.shape.front().outer.front().x,
                area.shape.front().outer.front().y);
   }
-  const auto reachable = static_cast<std::size_t>(
-      std::count_if(rooms.begin(), rooms.end(), [](const auto& room) { return room.second; }));
-  fmt::print("rooms reachable    {}\n", share(reachable, rooms.size()));
+  fmt::print("rooms reachable    {}\n", share(reachable, reachable + apart.size()));
 }
 
 }  // namespace orivanta::benchmarks

@@ -19,6 +19,7 @@ for (const name of readdirSync(dist)) if (name !== "core.wasm") rmSync(path.join
 
 execFileSync(process.execPath, [path.join(web, "node_modules/typescript/bin/tsc"), "-p", web], { stdio: "inherit" });
 for (const name of ["core.d.ts", "element-texts.d.ts"]) cpSync(path.join(web, "src", name), path.join(dist, name));
+execFileSync(path.join(web, "../cmake/gather-licenses"), ["module", path.join(dist, "NOTICES.txt")]);
 const isOther = (file) => path.basename(file) !== "en.mo"; // English is a part of core.data
 cpSync(path.join(core, "languages"), path.join(dist, "languages"), { recursive: true, filter: isOther });
 writeFileSync(path.join(dist, "core.js"), trimmedGlue(readFileSync(path.join(core, "core.js"), "utf8")));

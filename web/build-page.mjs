@@ -105,7 +105,8 @@ for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
 }
 for (const file of ["app.webmanifest", "icon.svg"]) copyFileSync(path.join(source, file), path.join(target, file));
 await buildWorker(root, target, !process.argv.includes("--no-minify"));
+execFileSync(path.join(root, "cmake/gather-licenses"), ["page", path.join(target, "NOTICES.txt")]);
 
 // The server sends these in place of the files. It would compress them less well.
-const compressible = readdirSync(target).filter((name) => /\.(css|data|html|js|json|mo|svg|wasm|webmanifest)$/.test(name));
+const compressible = readdirSync(target).filter((name) => /\.(css|data|html|js|json|mo|svg|txt|wasm|webmanifest)$/.test(name));
 execFileSync("zopfli", compressible.map((name) => path.join(target, name)));

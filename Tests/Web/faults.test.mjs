@@ -102,6 +102,12 @@ test("closures of a server", async (context) => {
   await assert.rejects(asks(answered({ id: "n1" })), isError("unusable"));
   await assert.rejects(asks((response) => response.destroy()), isError("noAnswer"));
   await assert.rejects(asks(() => {}, { signal: AbortSignal.timeout(50) }), { name: "TimeoutError" });
+  globalThis.location = { origin: "http://h" };
+  const json = { "Content-Type": "application/json" };
+  const cut = (response, { url }) => answered([{ id: url.includes("page=2") ? "n3" : "n1" }], json)(response);
+  await assert.rejects(asks(cut), ({ kind, message }) => kind === "unusable" && /Access-Control-Expose-Headers/.test(message));
+  assert.deepEqual(await asks(answered([{ id: "n1" }], json)), ["n1"]);
+  delete globalThis.location;
   assert.deepEqual(await (await orivanta.open(packageOf(records))).closures(), []);
   venue.destroy();
   await assert.rejects(venue.closures(), isError("invalid"));

@@ -71,6 +71,15 @@ test("links", { timeout: 180_000 }, async (t) => {
     await tab.close();
   });
 
+  await t.test("a route to the nearest place of a kind", async () => {
+    for (const [kind, name] of [["toilet", "Nearest toilet"], ["culture", "Culture"]]) {
+      const tab = await open(`venue=astrolabe-court&from=paper-kestrel&to=nearest:${kind}`);
+      await tab.page.waitForSelector(".step");
+      await tab.waitForText(".stop-name", name);
+      await tab.close();
+    }
+  });
+
   await t.test("a route with a stop and a profile", async () => {
     const tab = await open("venue=astrolabe-court&from=paper-kestrel&to=popcorn-nebula&via=brass-heron&profile=step-free");
     await tab.page.waitForSelector(".step");

@@ -30,6 +30,10 @@ test("a visitor finds a place and a route to it", async (t) => {
   await page.waitForFunction(() => document.querySelectorAll(".row").length === 174);
   const names = await tab.texts(".row-name");
   assert.ok(names.indexOf("Toilets, first floor") < names.indexOf("Toilets, second floor"));
+  await tab.clickText(".row", "Toilets, first floor");
+  await tab.waitForText(".card-texts h2", "Toilets, first floor");
+  await page.keyboard.press("Escape"); // back to the list
+  await page.waitForFunction(() => document.activeElement.matches(".row") && /Toilets, first/.test(document.activeElement.textContent));
 
   await page.type("#search", "kestrl");
   await tab.waitForText("[role=option]", "The Paper Kestrel");
@@ -62,6 +66,10 @@ test("a visitor finds a place and a route to it", async (t) => {
   await tab.clickText(".walk button", "Next step");
   await tab.waitForText(".walk-number", "Step 2 of");
   await accessible(tab, "walk");
+  await page.evaluate(() => dispatchEvent(new Event("beforeprint")));
+  await page.waitForSelector(".steps li + li"); // all instructions on paper
+  await page.evaluate(() => dispatchEvent(new Event("afterprint")));
+  await tab.waitForText(".walk-number", "Step 2 of");
   await tab.clickText(".walk button", "All steps");
 
   await page.goBack();

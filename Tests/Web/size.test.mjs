@@ -36,7 +36,8 @@ test("sizes", async (context) => {
   check("core.wasm", sizeOf(page, readdirSync(page).find((name) => name.endsWith(".wasm"))), 520);
   const scripts = new Set(readFileSync(path.join(page, "index.html"), "utf8").match(/[\w-]+\.js\b/g));
   check("JavaScript of the page", [...scripts].reduce((sum, name) => sum + sizeOf(page, name), 0), 45);
-  // Without other languages, which are loaded when they are asked for, and the page of examples.
-  const first = readdirSync(page).filter((name) => !/^examples|^(ar|de|fr|ja)-|\.(gz|map)$/.test(name));
+  // Without other languages, which are loaded when they are asked for, the page of examples, and the licenses.
+  const first = readdirSync(page).filter((name) => !/^examples|^(ar|de|fr|ja)-|\.(gz|map|txt)$/.test(name));
+  assert.match(readFileSync(path.join(page, "NOTICES.txt"), "utf8"), /\{fmt\}.*musl.*Anthony Fu/s); // the last one: uqr
   check("page", first.reduce((sum, name) => sum + sizeOf(page, name), 0), 700);
 });

@@ -1,6 +1,7 @@
 // What is closed in a venue at the moment, as its server says.
 
 import { OrivantaError, type ErrorKind } from "./errors.js";
+import { BodyStart, hiddenLinkProblem, mayHideLink } from "./platform/hiddenLink.js";
 import { linkOf } from "./platform/pagesAhead.js";
 import { requestOf } from "./platform/requestTexts.js";
 
@@ -34,8 +35,15 @@ export async function closuresOf(server: VenueServer, slug: string, signal?: Abo
     if (status === 404) return [];
     const kind = status === 401 || status === 403 ? "refused" : "otherStatus";
     if (!response.ok) throw new OrivantaError(kind, `the closures of ${slug}: ${status}`, status);
+    const copy = mayHideLink(response) ? response.clone() : null;
     const records = (await response.json().catch(failed("unusable"))) as unknown;
     if (!Array.isArray(records)) return failed("unusable")("no list");
+    if (copy) {
+      const start = new BodyStart();
+      start.add(new Uint8Array(await copy.arrayBuffer().catch(failed("noAnswer"))));
+      const hidden = await hiddenLinkProblem(copy, start, new Headers(fields), signal);
+      if (hidden) return failed("unusable")(hidden);
+    }
     closed.push(...records.flatMap((record: { id?: unknown } | null) => (typeof record?.id === "string" ? [record.id] : [])));
     next = linkOf(response, "next", url);
   }

@@ -106,9 +106,12 @@ export class OrivantaMapElement extends Base {
   }
 
   #close(closed: readonly string[]): void {
-    if (closed.length === 0 || !this.#shown) return;
-    this.#shown.closed = closed;
-    this.#apply(new Set(["from"]));
+    if (closed.length === 0) return;
+    try {
+      this.#shown?.close(closed, this);
+    } catch (error) {
+      this.#fail(error);
+    }
   }
 
   #release(): void {

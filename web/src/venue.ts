@@ -218,6 +218,8 @@ export class Venue {
   }
 
   #nodesOf(end: RouteEnd): readonly Node[] {
+    if (typeof end !== "object" || end === null)
+      throw new OrivantaError("invalid", "a route has a place, a node or a list of nodes at each end");
     return Array.isArray(end) ? end : "nodes" in end ? end.nodes : [end as Node];
   }
 }

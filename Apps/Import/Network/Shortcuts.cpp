@@ -33,12 +33,12 @@ struct Rule {
   double tolerated(double straight) const { return std::max(factor * straight, straight + detour); }
 };
 
-constexpr Rule acrossSpaces{40.0, 1.25, 10.0, true};
+constexpr Rule acrossSpaces{40.0, 1.4, 10.0, true};
 // Routes that go back and forth in front of stairs or an elevator look wrong.
-constexpr Rule pastStops{25.0, 1.25, 2.0, false};
+constexpr Rule pastStops{25.0, 1.4, 3.0, false};
 constexpr Rule fromStops{15.0, 1.25, 1.0, false};
 constexpr Rule toStops{15.0, 1.1, 1.0, false};
-constexpr Rule betweenEnds{40.0, 1.08, 1.0, false};
+constexpr Rule betweenEnds{15.0, 1.25, 1.0, false};
 
 class Shortcuts {
  public:

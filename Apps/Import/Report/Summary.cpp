@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <map>
 #include <utility>
+#include <vector>
 
 #include "Apps/Import/DisjointSets.hpp"
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 
 namespace orivanta::importer {
 
@@ -40,8 +42,21 @@ std::map<std::string, std::size_t> nodesOfRooms(const Building& building) {
   return inside;
 }
 
-bool isRoom(const Area& area) {
-  return area.kind == AreaKind::room && area.access != Access::nobody;
+// Whether each area is a room. On a storey with walkways, so are areas of unknown use.
+std::vector<bool> areRooms(const Building& building) {
+  std::map<double, bool> walkways;  // by level
+  std::vector<bool> rooms;
+  rooms.reserve(building.areas.size());
+  for (const Area& area : building.areas) {
+    bool isRoom = area.kind == AreaKind::room;
+    if (area.kind == AreaKind::unknown) {
+      const auto [level, added] = walkways.try_emplace(area.level);
+      if (added) level->second = hasWalkways(building, area.level);
+      isRoom = level->second;
+    }
+    rooms.push_back(isRoom && area.access != Access::nobody);
+  }
+  return rooms;
 }
 
 std::string counted(std::size_t count, std::string_view one, std::string_view many) {
@@ -56,8 +71,9 @@ NetworkParts networkParts(const Building& building) {
   std::map<std::size_t, std::vector<std::size_t>> rooms;  // by the first node of the part
   for (std::size_t i = 0; i < building.network.nodes.size(); ++i) rooms[sets.find(i)];
   const auto nodes = nodesOfRooms(building);
+  const std::vector<bool> isRoom = areRooms(building);
   for (std::size_t i = 0; i < building.areas.size(); ++i) {
-    if (!isRoom(building.areas[i])) continue;
+    if (!isRoom[i]) continue;
     const auto node = nodes.find(building.areas[i].id);
     if (node == nodes.end())
       result.withoutNodes.push_back(i);
@@ -82,8 +98,8 @@ NetworkParts networkParts(const Building& building) {
 Summary summarize(const Building& building) {
   Summary summary;
   summary.floors = building.storeys.size();
-  summary.rooms =
-      static_cast<std::size_t>(std::count_if(building.areas.begin(), building.areas.end(), isRoom));
+  const std::vector<bool> isRoom = areRooms(building);
+  summary.rooms = static_cast<std::size_t>(std::count(isRoom.begin(), isRoom.end(), true));
   const NetworkParts parts = networkParts(building);
   if (!parts.rooms.empty()) summary.roomsReachable = parts.rooms.front().size();
   summary.doorsGuessed = static_cast<std::size_t>(std::count_if(

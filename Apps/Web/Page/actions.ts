@@ -19,20 +19,21 @@ export function closeSearch(app: App): void {
 
 /** Chooses a place of a list or of the map: as the end that the user searches, as the missing end, or for its card. */
 export function choosePlace(app: App, place: string): void {
-  const { choosing } = app.ui;
+  const { choosing, browsing } = app.ui;
   const { from, to } = app.store.state;
   const missing = (from === null) !== (to === null) ? (from === null ? "from" : "to") : null;
   closeSearch(app);
   const end = choosing ?? (app.store.state.place === null ? missing : null);
-  if (end) setEnd(app, end, place);
-  else app.store.change({ place });
+  if (end) return setEnd(app, end, place);
+  app.changeUi({ browsing }); // the list is shown again after the card
+  app.store.change({ place });
 }
 
 /** Makes a stop one end of the route. A stop in between at the same place is removed. */
 export function setEnd(app: App, end: End, stop: string): void {
   const { state } = app.store;
   const other = end === "from" ? "to" : "from";
-  app.changeUi({ routeIndex: 0, step: null, sheet: "half" });
+  app.changeUi({ routeIndex: 0, step: null, browsing: startBrowsing, sheet: "half" });
   app.store.change({
     [end]: stop,
     ...(state[other] === stop ? { [other]: null } : {}),

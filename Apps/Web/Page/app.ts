@@ -70,6 +70,16 @@ export class App {
     this.store.on(() => this.changed());
   }
 
+  /** The host that has the data if it is not the page's own: a link can name any. Otherwise, empty. */
+  get foreignHost(): string {
+    try {
+      const { host, origin } = new URL(this.server.endpoint);
+      return origin === location.origin ? "" : host;
+    } catch {
+      return "";
+    }
+  }
+
   /** The route that is shown. */
   get route(): Guidance | null {
     return this.plan?.kind === "route" ? (this.plan.routes[this.ui.routeIndex] ?? this.plan.routes[0] ?? null) : null;
@@ -112,8 +122,11 @@ export class App {
   nearestAt(stop: string): Nearest | undefined {
     if (!stop.startsWith("nearest:") || !this.shown) return undefined;
     const key = stop.slice("nearest:".length);
-    const known = this.nearest().find((each) => each.key === key);
+    const offered = this.nearest();
+    const known = offered.find((each) => each.key === key) ?? offered.find(({ kind }) => kind === key);
     if (known) return known;
+    const group = this.shown.catalog.groups.find(({ kind }) => kind === key);
+    if (group) return { key, title: group.name, label: group.name, kind: key, places: group.places };
     const category = this.shown.venue.categories.find((each) => each.id === key);
     if (!category) return undefined;
     return this.shown.venue.nearestTyped(category.name, this.texts.language).find((each) => each.key === key);

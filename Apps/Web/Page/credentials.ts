@@ -10,10 +10,9 @@ import type { Session } from "./session.js";
  * browser fills in nothing for one of another origin, and the form says who gets the password.
  */
 export function credentialsForm(app: App, session: Session): HTMLElement {
-  const { host, origin } = new URL(app.server.endpoint);
-  const isForeign = origin !== location.origin;
+  const { foreignHost } = app;
   const field = (name: "username" | "password", label: string, type: string, autocomplete: string) =>
-    h("label", {}, label, h("input", { name, type, autocomplete: isForeign ? "off" : autocomplete, required: true, "data-key": name }));
+    h("label", {}, label, h("input", { name, type, autocomplete: foreignHost ? "off" : autocomplete, required: true, "data-key": name }));
   const username = field("username", app.t("page.user"), "text", "username");
   username.querySelector("input")!.value = app.server.username;
   const form = h(
@@ -30,7 +29,7 @@ export function credentialsForm(app: App, session: Session): HTMLElement {
     username,
     field("password", app.t("page.password"), "password", "current-password"),
     h("button", { class: "filled", type: "submit" }, app.t("page.signIn")),
-    isForeign ? h("p", { class: "host", dir: "ltr" }, host) : null,
+    foreignHost && h("p", { class: "host", dir: "ltr" }, foreignHost),
   );
   return form;
 }

@@ -16,7 +16,7 @@ export function insetsOf(map: Element): Covered {
     [...document.querySelectorAll(selector)]
       .map((element) => element.getBoundingClientRect())
       .filter(({ width, height }) => width > 0 && height > 0);
-  const panels = rectangles(".bar, .search, .panel, .kiosk-languages");
+  const panels = rectangles(".bar, .standing, .search, .panel, .kiosk-languages");
   const sides = rectangles(".floors, .map-buttons");
   const insets = { top: margin, right: margin, bottom: margin, left: margin };
   const isWide = matchMedia("(min-width: 720px)").matches;

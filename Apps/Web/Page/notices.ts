@@ -1,4 +1,4 @@
-// Lines above everything else that say what has happened.
+// Lines that say what has happened: above everything else, or for what lasts, in the column of the page.
 
 import { h } from "./dom.js";
 
@@ -9,13 +9,20 @@ export interface Notice {
   remove(): void;
 }
 
+interface NoticeOptions {
+  readonly seconds?: number;
+  readonly action?: { readonly label: string; readonly run: () => void };
+  /** Shows it in the column, where it covers nothing. */
+  readonly isStanding?: boolean;
+}
+
+/** The notices of the column. */
+export const standing = h("div", { class: "standing" });
+
 let region: HTMLElement | null = null;
 
 /** Shows a notice, with a button if `action` is given; for `seconds`, or until it is removed. Screen readers read it. */
-export function showNotice(
-  text: string,
-  { seconds, action }: { seconds?: number; action?: { label: string; run: () => void } } = {},
-): Notice {
+export function showNotice(text: string, { seconds, action, isStanding }: NoticeOptions = {}): Notice {
   region ??= topmost().appendChild(h("div", { class: "notices", popover: "manual" }));
   const line = h("span", { role: "status" });
   const notice = h("div", { class: "notice" }, line);
@@ -27,8 +34,8 @@ export function showNotice(
     const run = () => (remove(), action.run());
     notice.append(h("button", { type: "button", onclick: run }, action.label));
   }
-  region.append(notice);
-  raise(region);
+  (isStanding ? standing : region).append(notice);
+  if (!isStanding) raise(region);
   // A live region is read when its text changes after it has been added.
   requestAnimationFrame(() => (line.textContent ||= text));
   if (seconds !== undefined) setTimeout(remove, seconds * 1000);

@@ -72,7 +72,7 @@ export class Connection {
     });
     const text = this.#app.t("connection.lost", { date });
     if (this.#notice) this.#notice.setText(text);
-    else this.#notice = showNotice(text);
+    else this.#notice = showNotice(text, { isStanding: true });
     this.#schedule();
   }
 

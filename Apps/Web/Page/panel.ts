@@ -30,8 +30,9 @@ export class Panel {
   #page: PageName = "loading";
   #shown = ""; // what the content was made of
   #view = ""; // what the user takes for one page
-  readonly #tops = new Map<string, number>(); // how far pages were scrolled
-  #spot = ""; // what that belongs to
+  #spot = ""; // the view and the route it belongs to
+  #behind = { spot: "", top: 0, place: "" }; // the page behind a detail page, how far it was scrolled, and what was chosen
+  #isPrinting = false;
   #venue: object | null = null;
 
   constructor(app: App, search: SearchField, session: Session) {
@@ -44,6 +45,12 @@ export class Panel {
     const renew = () => document.hidden || this.update();
     setInterval(renew, renewalPause);
     document.addEventListener("visibilitychange", renew);
+    for (const type of ["beforeprint", "afterprint"]) {
+      addEventListener(type, () => {
+        this.#isPrinting = type === "beforeprint";
+        this.update();
+      });
+    }
   }
 
   update(): void {
@@ -61,20 +68,23 @@ export class Panel {
     const view = JSON.stringify([page, state.place, page === "browse" && [browsing.page, "kind" in browsing && browsing.kind]]);
     const isNew = view !== this.#view;
     const former = this.#page;
-    this.#tops.set(this.#spot, this.#content.scrollTop);
+    const wasDetail = detailPages.includes(former);
+    const isDetail = detailPages.includes(page);
+    const { scrollTop } = this.#content;
+    if (isDetail && !wasDetail) this.#behind = { spot: this.#spot, top: scrollTop, place: state.place ?? "" };
     this.#spot = JSON.stringify([view, state.from, state.to]);
     this.#shown = key;
     this.#venue = venue;
     this.#view = view;
     this.#page = page;
-    const isBack = detailPages.includes(former) && !detailPages.includes(page);
-    const top = isBack ? this.#tops.get(this.#spot) : isNew ? 0 : this.#content.scrollTop;
+    const isBack = wasDetail && !isDetail && this.#spot === this.#behind.spot;
+    const top = isBack ? this.#behind.top : isNew ? 0 : scrollTop;
     const hadFocus = this.#content.contains(document.activeElement);
     const isOpen = !isNew && this.#content.querySelector("details[open]") !== null;
     keepingFocus(this.#content, () => this.#content.replaceChildren(...this.#make(page)));
     if (isOpen) this.#content.querySelector("details")?.setAttribute("open", "");
-    this.#content.scrollTop = top ?? 0;
-    if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus);
+    this.#content.scrollTop = top;
+    if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus, isBack ? this.#behind.place : "");
   }
 
   /** Returns what a page is made of. If it stays the same, the elements stay as well. */
@@ -98,7 +108,8 @@ export class Panel {
     if (ui.isSearching) return ui.typed.trim() ? "results" : "browse";
     if (store.state.place !== null && shown.venue.placeNamed(store.state.place)) return "card";
     if (store.state.from === null && store.state.to === null) return "browse";
-    return ui.step !== null && this.#app.route?.steps[ui.step] ? "walk" : "route";
+    // On paper, all instructions stand together.
+    return ui.step !== null && this.#app.route?.steps[ui.step] && !this.#isPrinting ? "walk" : "route";
   }
 
   #make(page: PageName): Node[] {
@@ -123,13 +134,15 @@ export class Panel {
     }
   }
 
-  // A control that is gone leaves the focus to the title of the new page, so that the keyboard goes on there.
-  #moveFocus(former: PageName, page: PageName, hadFocus: boolean): void {
+  // A control that is gone leaves the focus to what was chosen on this page before, or to its title, so that the keyboard
+  // goes on there.
+  #moveFocus(former: PageName, page: PageName, hadFocus: boolean, chosen: string): void {
     const isFirst = former === "loading" && page !== "failure" && !hadFocus;
     if (isFirst || page === "results" || (page === "loading" && !hadFocus)) return;
     const active = document.activeElement;
     if (active !== null && active !== document.body && active !== this.#content) return;
-    const title = this.#content.querySelector<HTMLElement>("[data-key$=title]") ?? this.#content;
-    title.focus({ preventScroll: true });
+    const find = (selector: string) => this.#content.querySelector<HTMLElement>(selector);
+    const target = find(`[data-key="${CSS.escape(chosen)}"]`) ?? find("[data-key$=title]") ?? this.#content;
+    target.focus({ preventScroll: true });
   }
 }

@@ -73,6 +73,7 @@ export class Planning {
     const app = this.#app;
     const { from, to, via, profile } = app.store.state;
     const departure = new Date();
+    if (from === to && via.length === 0) return { kind: "problem", problem: { text: app.t("route.none") } };
     const stops = (stop: string) => {
       const nearest = app.nearestAt(stop);
       return nearest ? nearest.places : [stop];

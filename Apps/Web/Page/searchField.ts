@@ -152,7 +152,9 @@ export class SearchField {
   #find(typed: string): Found[] {
     const { venue } = this.#app.shown!;
     const nearest = this.#app.ui.choosing === "from" ? [] : venue.nearestTyped(typed, this.#app.texts.language);
-    return [...nearest.map((each) => ({ nearest: each })), ...venue.search(typed).map((place) => ({ place }))];
+    const offered = nearest.length > 0 ? this.#app.nearest() : []; // whose names are in the language of the page
+    const named = nearest.map((each) => offered.find(({ key }) => key === each.key) ?? each);
+    return [...named.map((each) => ({ nearest: each })), ...venue.search(typed).map((place) => ({ place }))];
   }
 
   #pressed(event: KeyboardEvent): void {

@@ -1,10 +1,25 @@
 // Loads the module, the list of venues and the venue of the state.
 
-import { OrivantaError, type LoadProgress, type Orivanta, type Venue } from "orivanta";
+import { OrivantaError, type Catalog, type LoadProgress, type Orivanta, type Venue } from "orivanta";
 
 import type { App, Failure, Shown } from "./app.js";
 import { showNotice, type Notice } from "./notices.js";
 import { Texts } from "./texts.js";
+
+// The map begins to load its files before the catalog is made.
+function shownOf(venue: Venue, language: string): Shown {
+  let catalog: Catalog | undefined;
+  let places: Shown["places"] | undefined;
+  return {
+    venue,
+    get catalog() {
+      return (catalog ??= venue.catalog(language));
+    },
+    get places() {
+      return (places ??= new Map(this.catalog.places.map((place) => [place.id, place])));
+    },
+  };
+}
 
 /** Loads what the state needs, and again when the state or the language changes. */
 export class Session {
@@ -104,12 +119,12 @@ export class Session {
       venue.destroy();
       return this.#fail({ title: app.t("problem.empty"), detail, way: "venues" });
     }
-    const catalog = venue.catalog(app.texts.language);
-    this.#replace({ venue, catalog, places: new Map(catalog.places.map((place) => [place.id, place])) });
+    this.#replace(shownOf(venue, app.texts.language));
     this.#end();
     const [problem] = venue.problems;
     if (problem) {
       this.#notice = showNotice(app.t("page.venue.incomplete", { problem: problem.reason }), {
+        isStanding: true,
         action: { label: app.t("retry"), run: () => void this.reload() },
       });
     }
@@ -173,7 +188,7 @@ export class Session {
   #keep(text: string): void {
     Object.assign(this.#app, { loading: null, isOutdated: true });
     this.#app.changed();
-    this.#notice = showNotice(text, { action: { label: this.#app.t("retry"), run: () => void this.reload() } });
+    this.#notice = showNotice(text, { isStanding: true, action: { label: this.#app.t("retry"), run: () => void this.reload() } });
   }
 
   // Nothing can be called any more.

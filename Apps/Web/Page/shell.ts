@@ -8,6 +8,7 @@ import { icon, type IconName } from "./icons.js";
 import { KindSprite } from "./kindIcon.js";
 import { whenLoaded } from "./loaded.js";
 import type { MapHost } from "./mapHost.js";
+import { standing } from "./notices.js";
 import { Panel } from "./panel.js";
 import { SearchField } from "./searchField.js";
 import type { Session } from "./session.js";
@@ -25,7 +26,8 @@ export class Shell {
   readonly #map: MapHost;
   readonly #status = h("p", { role: "status", class: "visually-hidden" });
   readonly #name = h("bdi");
-  readonly #title = h("h1", { class: "bar-title" }, this.#name);
+  readonly #host = h("p", { class: "host", dir: "ltr" });
+  readonly #title = h("div", { class: "bar-texts" }, h("h1", { class: "bar-title" }, this.#name), this.#host);
   readonly #skip = h("a", { class: "skip", href: "#search" });
   // One line, or all of it after a click.
   readonly #attributionText = h("summary", { dir: "auto" });
@@ -61,18 +63,18 @@ export class Shell {
       // Kiosks have no keys.
       ...(app.kiosk ? [] : [this.#button("help", "help", () => this.#openDialog("showHelp"))]),
     );
-    const column = h("main", { class: "column" }, bar, this.#search.element, this.#panel.element);
+    const column = h("main", { class: "column" }, bar, standing, this.#search.element, this.#panel.element);
     const side = h("div", { class: "side" }, this.#floors.element, this.#mapButtons);
     this.#area = h("section", { class: "area" }, map.element, side, this.#attribution);
     this.element = h("div", { class: "frame" }, this.#skip, column, this.#area, this.#status, new KindSprite(app).element);
-    map.watch(this.#panel.element, this.#search.element, this.#floors.element);
+    map.watch(this.#panel.element, standing, this.#search.element, this.#floors.element);
     const sizes = new ResizeObserver(() => {
       const { offsetTop, offsetHeight } = this.#search.element;
       const { style } = document.documentElement; // where notices find them as well
       style.setProperty("--head-height", `${offsetTop + offsetHeight}px`);
       style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`);
     });
-    for (const each of [bar, this.#search.element, this.#panel.element]) sizes.observe(each);
+    for (const each of [bar, standing, this.#search.element, this.#panel.element]) sizes.observe(each);
     addEventListener("keydown", (event) => this.#pressed(event));
     app.on(() => this.update());
     app.store.on(({ venue }, { former }) => {
@@ -96,6 +98,7 @@ export class Shell {
     const name = shown?.venue.name ?? "";
     document.title = name || this.#app.t("page.title");
     this.#name.textContent = name || this.#app.t("page.title");
+    this.#host.textContent = this.#app.foreignHost;
     this.#area.setAttribute("aria-label", this.#app.t("page.map"));
     this.#skip.textContent = this.#app.t("page.skip");
     for (const [element, key] of this.#labeled) {

@@ -121,7 +121,8 @@ export class ShownMap {
     this.changeInsets();
     if (this.view.stacked !== ui.isStacked) this.view.stacked = ui.isStacked;
     this.#floor.follow();
-    this.#followPlace(store.state.place, motion);
+    const { place, from, to } = store.state;
+    this.#followPlace(place ?? (from === null || to === null || from === to ? (to ?? from) : null), motion);
     this.#followRoute(motion);
   }
 

@@ -12,6 +12,7 @@
 
 #include "Apps/Import/Import.hpp"
 #include "Apps/Import/Read/Sources.hpp"
+#include "Apps/Import/Report/Summary.hpp"
 #include "Platform/Foundation/Files.hpp"
 #include "Tests/Apps/Import/House/House.hpp"
 
@@ -198,6 +199,7 @@ TEST(House, IsTheSameInEveryFormat) {
     };
     EXPECT_EQ(building.storeys.size(), 3U);
     EXPECT_EQ(building.doors.size(), first.doors.size());
+    EXPECT_EQ(summarize(building).rooms, 12U);
     const bool hours = format.format != Format::indoorGml && format.format != Format::stations;
     EXPECT_EQ(placesOf(building, hours), placesOf(first, hours));
     EXPECT_EQ(connectorsOf(building).size(), 3U);

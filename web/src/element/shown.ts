@@ -66,6 +66,7 @@ export class Shown {
   readonly venue: Venue;
   readonly map: MapView;
   #closed: readonly string[] = [];
+  #isTouched = false; // the user has moved the map, or begun to
   readonly #parts: Parts;
   readonly #language: string;
   readonly #emit: Emit;
@@ -84,16 +85,20 @@ export class Shown {
       emit("floor", floor);
     });
     map.on("refused", (gesture) => parts.showHint(hintOf(gesture, language)));
+    for (const type of ["pointerdown", "wheel", "keydown"]) {
+      map.canvas.addEventListener(type, () => (this.#isTouched = true), { once: true, passive: true });
+    }
     const sizes = new ResizeObserver(() => this.#changeCovered());
     sizes.observe(map.canvas);
     this.#end.signal.addEventListener("abort", () => sizes.disconnect());
     dark().addEventListener("change", () => (map.theme = themeOf(wishes)), { signal: this.#end.signal });
   }
 
-  /** Sets what is closed, see `Venue.closures`. Apply "from" afterwards to plan the route again. */
-  set closed(closed: readonly string[]) {
+  /** Sets what is closed, see `Venue.closures`. Plans the route again. */
+  close(closed: readonly string[], wishes: Wishes): void {
     this.#closed = closed;
     this.map.setClosures(closed);
+    this.#plan(wishes, !this.#isTouched);
   }
 
   /** Shows the floor switch. `label` is its name. */
@@ -115,7 +120,7 @@ export class Shown {
     if (has("cooperative")) this.map.cooperative = isCooperative(wishes);
     changed.clear();
     if (themes) this.map.theme = themeOf(wishes);
-    if (routes) this.#plan(wishes, floors && wishes.floor !== null);
+    if (routes) this.#plan(wishes, !floors || wishes.floor === null);
     if (places) this.#select(wishes.place);
     if (floors && wishes.floor !== null) {
       const floor = floorOf(this.venue, wishes.floor);
@@ -136,7 +141,7 @@ export class Shown {
     this.map.insets = { bottom: note };
   }
 
-  #plan({ from, to, profile }: Wishes, isFloorGiven: boolean): void {
+  #plan({ from, to, profile }: Wishes, isFitted: boolean): void {
     let answer: Guidance | { readonly problem: GuidanceProblem } | null = null;
     if (from && to) {
       const request: GuideRequest = { from, to, closed: this.#closed, language: this.#language };
@@ -153,7 +158,7 @@ export class Shown {
     this.map.showRoute(guidance);
     this.#parts.showNote(problem?.text ?? guidance?.summary ?? null);
     this.#changeCovered();
-    if (guidance && !isFloorGiven) this.map.fit(guidance);
+    if (guidance && isFitted) this.map.fit(guidance);
     this.#emit("route", { guidance, problem } satisfies ShownRoute);
   }
 

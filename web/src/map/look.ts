@@ -1,5 +1,6 @@
 // The floors and the look of a map.
 
+import { OrivantaError } from "../errors.js";
 import type { Floor } from "../records.js";
 import type { Venue } from "../venue.js";
 import type { MapModule } from "./module.js";
@@ -25,7 +26,9 @@ export class LookFunctions {
   }
 
   set floor(floor: Floor) {
-    this.module.do({ floor: this.venue.floors.indexOf(floor) });
+    const index = this.venue.floors.indexOf(floor);
+    if (index < 0) throw new OrivantaError("invalid", "the venue has no such floor");
+    this.module.do({ floor: index });
   }
 
   /** The floor that is shown now or, if another one is waited for, then. */

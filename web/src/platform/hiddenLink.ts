@@ -51,13 +51,13 @@ export function mayHideLink(response: Response): boolean {
  * pages in another way than with the parameter `page` are not noticed.
  */
 export async function hiddenLinkProblem(
-  response: Response, firstPage: BodyStart, headers: Headers, signal: AbortSignal,
+  response: Response, firstPage: BodyStart, headers: Headers, signal?: AbortSignal,
 ): Promise<string> {
   if (!firstPage.hasElements) return "";
   const controller = new AbortController();
   const end = () => controller.abort();
   const timer = setTimeout(end, patienceMilliseconds);
-  signal.addEventListener("abort", end);
+  signal?.addEventListener("abort", end);
   const secondPage = new BodyStart();
   try {
     const url = new URL(response.url);
@@ -73,7 +73,7 @@ export async function hiddenLinkProblem(
     return "";
   } finally {
     clearTimeout(timer);
-    signal.removeEventListener("abort", end);
+    signal?.removeEventListener("abort", end);
     controller.abort();
   }
   if (!secondPage.hasElements || secondPage.equals(firstPage)) return "";

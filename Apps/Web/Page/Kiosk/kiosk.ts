@@ -105,7 +105,7 @@ function reportUnknown(here: string, app: App): void {
     const venue = app.shown?.venue ?? null;
     if (venue === checked) return;
     checked = venue;
-    if (venue && !positionOf(venue, here)) showNotice(app.t("problem.unknownPlace.place", { place: here }));
+    if (venue && !positionOf(venue, here)) showNotice(app.t("problem.unknownPlace.place", { place: here }), { isStanding: true });
   });
 }
 

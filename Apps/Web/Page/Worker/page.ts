@@ -6,8 +6,11 @@ import { quiet } from "./quiet.js";
 
 declare const self: ServiceWorkerGlobalScope;
 
-/** The paths of the files, relative to the page, and what changes with them; see web/build-worker.mjs. */
-declare const pageFiles: readonly string[];
+/**
+ * The hashes of the files as in `RequestInit.integrity`, by their paths relative to the page, HTML pages last; and what
+ * changes with them. See web/build-worker.mjs.
+ */
+declare const pageFiles: Readonly<Record<string, string>>;
 declare const pageVersion: string;
 
 const prefix = "orivanta-page-";
@@ -15,7 +18,7 @@ const cacheName = prefix + pageVersion;
 const patience = 3_000;
 
 const scope = () => self.registration.scope;
-const urls = () => pageFiles.map((path) => new URL(path, scope()).href);
+const hashes = () => Object.entries(pageFiles).map(([path, hash]) => [new URL(path, scope()).href, hash] as const);
 
 let completion: Promise<void> | null = null;
 
@@ -29,10 +32,14 @@ async function complete(): Promise<void> {
   await quiet();
   const cache = await caches.open(cacheName);
   const stored = new Set((await cache.keys()).map((request) => request.url));
-  for (const url of urls().filter((each) => !stored.has(each))) {
-    // HTML pages have the same name in each version, so those of other versions do not count.
-    const former = isPageFile(url) ? await caches.match(url) : undefined;
-    const response = former ?? (await fetch(url, { cache: "no-cache" }));
+  for (const [url, integrity] of hashes()) {
+    if (stored.has(url)) continue;
+    // HTML pages have the same name in each version, so those of other versions do not count. They are stored when all
+    // other files are there, and operators may change them. Another answer in place of a file, such as the start page of
+    // a site whose files are being replaced, would be kept forever.
+    const isFile = isPageFile(url);
+    const former = isFile ? await caches.match(url) : undefined;
+    const response = former ?? (await fetch(url, { cache: "no-cache", ...(isFile && { integrity }) }));
     if (!response.ok) throw new Error(`${url}: ${response.status}`);
     await cache.put(url, response);
   }
@@ -56,7 +63,7 @@ export async function answerPage(request: Request): Promise<Response> {
   const url = new URL(request.url);
   url.search = url.hash = "";
   if (url.href === scope()) url.pathname += "index.html";
-  // Until the files of this version are stored, those of the version before are complete.
+  // Until this version is complete, and so has an HTML page, the version before is used.
   const stored = (await (await caches.open(cacheName)).match(url.href)) ?? (await caches.match(url.href));
   if (!stored) return fetch(request);
   try {

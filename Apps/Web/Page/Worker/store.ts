@@ -5,7 +5,7 @@ const cacheName = "orivanta-data";
 const timeField = "x-orivanta-stored";
 const sizeField = "x-orivanta-size";
 
-// Of all venues together. When there are more, those that were loaded longest ago are removed.
+// Of all venues together.
 const mostBytes = 300 * 1024 * 1024;
 const mostResponses = 4_000;
 
@@ -71,15 +71,23 @@ function scheduleRemoval(): void {
   removal = setTimeout(() => void removeOldest(mostBytes), 2_000);
 }
 
-/** Removes the oldest responses until the others have at most this many bytes. */
+// A link can name any other server, whose data must not take the place of the page's own.
+function isOwn({ url }: Request): boolean {
+  const [, , address] = new URL(url).pathname.split("/");
+  return address!.startsWith(encodeURIComponent(`${location.origin}/`));
+}
+
+/**
+ * Removes responses until the others have at most this many bytes: those of other servers first, and the oldest first.
+ */
 export async function removeOldest(bytes: number): Promise<void> {
   const cache = await caches.open(cacheName);
   const entries = [];
   for (const request of await cache.keys()) {
     const headers = (await cache.match(request))?.headers;
-    entries.push({ request, time: Number(headers?.get(timeField)), size: Number(headers?.get(sizeField)) });
+    entries.push({ request, isOwn: Number(isOwn(request)), time: Number(headers?.get(timeField)), size: Number(headers?.get(sizeField)) });
   }
-  entries.sort((one, other) => other.time - one.time);
+  entries.sort((one, other) => other.isOwn - one.isOwn || other.time - one.time);
   const { quota = Infinity } = await navigator.storage.estimate();
   let room = Math.min(bytes, quota / 2);
   for (const [index, { request, size }] of entries.entries()) {
