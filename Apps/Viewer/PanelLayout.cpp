@@ -29,8 +29,9 @@ constexpr double logoWidth = 88;    // of the map view, at the lower right, with
 constexpr double logoHeight = 36;
 constexpr double compassHeight = 56;  // of the map view, at the upper right
 constexpr double attributionGap = 8;
-constexpr double leastFree = 40;    // height of the map that counts as not covered
-constexpr double largeSide = 1440;  // shorter side of windows that are larger than usual
+constexpr double leastFree = 200;       // height of the map that counts as not covered
+constexpr double leastFreeShare = 0.3;  // of the window, if that is less
+constexpr double largeSide = 1440;      // shorter side of windows that are larger than usual
 constexpr double mostGrowth = 1.6;
 
 class Placing {
@@ -157,7 +158,8 @@ class Placing {
     if (!hasSheet_ && showsSheet()) edges.left = margin_ + columnWidth() + gap;
     if (hasSheet_ && showsSheet()) edges.bottom = window_.height - sheetTop() + gap;
     if (in_.hasAttribution) edges.bottom += attributionGap + gap;
-    edges.bottom = std::min(edges.bottom, window_.height - edges.top - leastFree);
+    const double least = std::min(leastFree, window_.height * leastFreeShare);
+    edges.bottom = std::min(edges.bottom, window_.height - edges.top - least);
     return edges;
   }
 

@@ -76,8 +76,10 @@ void ScenePass::draw() {
   glDisable(GL_POLYGON_OFFSET_FILL);
 }
 
-// Draws depth alone first, so that only what is in front is blended.
+// Draws depth alone first, so that only what is in front is blended. Marks each sample that it
+// blends, so that surfaces in one plane are blended once. `RibbonPass` uses the lower marks.
 void ScenePass::drawGroup(std::uint16_t group, float opacity) {
+  constexpr int mostMarks = 255;
   glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
   drawOpaque(group);
   if (ribbons_) ribbons_->drawDepth(group);
@@ -86,7 +88,11 @@ void ScenePass::drawGroup(std::uint16_t group, float opacity) {
   glEnable(GL_BLEND);
   glBlendColor(0, 0, 0, opacity);
   glBlendFunc(GL_CONSTANT_ALPHA, GL_ONE_MINUS_CONSTANT_ALPHA);
+  glEnable(GL_STENCIL_TEST);
+  glStencilFunc(GL_NOTEQUAL, mostMarks - group % (mostMarks / 2), mostMarks);
+  glStencilOp(GL_KEEP, GL_KEEP, GL_REPLACE);
   drawOpaque(group);
+  glDisable(GL_STENCIL_TEST);
   glDisable(GL_BLEND);
   drawRibbons(group, opacity);
 }

@@ -2,12 +2,35 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
+
+namespace {
+
+constexpr double leastShare = 0.7;  // of the size of a text whose longest word does not fit
+
+// Returns the longest word of a script whose words are not broken; empty if there is none.
+std::string_view longestWord(std::string_view text) {
+  constexpr unsigned char firstUnspaced = 0xE1;  // of the bytes of characters from U+1000 on
+  std::string_view longest;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find_first_of(" \n-", start), text.size());
+    const std::string_view word = text.substr(start, end - start);
+    const bool isUnspaced = std::any_of(word.begin(), word.end(), [](char byte) {
+      return static_cast<unsigned char>(byte) >= firstUnspaced;
+    });
+    if (!isUnspaced && word.size() > longest.size()) longest = word;
+    start = end + 1;
+  }
+  return longest;
+}
+
+}  // namespace
 
 Label::Label(LabelStyle style, std::string text) : style_(style), text_(std::move(text)) {
   setUserInteractionEnabled(false);
@@ -49,7 +72,16 @@ graphics::TextStyle Label::textStyle(double width) const {
   style.wholeLines = true;
   style.alignment = style_.alignment == Alignment::center ? graphics::TextAlignment::center
                                                           : graphics::TextAlignment::leading;
+  if (style_.lines != 1) fitWord(style);
   return style;
+}
+
+// Makes the text smaller rather than break a word, unless the word must be broken even so.
+void Label::fitWord(graphics::TextStyle& style) const {
+  const double room = std::exchange(style.maximumWidth, 0) - 1;  // slightly more than it needs
+  const double width = graphics::measureText(longestWord(text_), style).width;
+  style.maximumWidth = room + 1;
+  if (width > room && width * leastShare <= room) style.fontSize *= room / width;
 }
 
 bool Label::isCut() const {

@@ -23,7 +23,8 @@ struct LabelStyle {
   bool isSign = false;  ///< a symbol, which grows like controls do and not like text
 };
 
-/// Centers the text vertically. Text that does not fit ends in an ellipsis. Supports all scripts.
+/// Centers the text vertically. Text that does not fit ends in an ellipsis. Text of several lines
+/// is smaller if one of its words would be broken. Supports all scripts.
 /// Receives no touches. The image of the text is cached until the label or the look changes.
 class Label : public view::View {
  public:
@@ -46,6 +47,7 @@ class Label : public view::View {
 
  private:
   graphics::TextStyle textStyle(double width) const;
+  void fitWord(graphics::TextStyle& style) const;
   void forgetPicture();
   const std::shared_ptr<const graphics::Image>& picture(double width, double scale);
 

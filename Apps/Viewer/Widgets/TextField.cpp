@@ -17,6 +17,7 @@ namespace {
 constexpr std::size_t longestText = 200;  // bytes
 constexpr double caretWidth = 2;          // points
 constexpr double caretHeight = 20;
+constexpr double leastPlaceholder = 0.7;  // of the size of the text
 
 graphics::TextStyle styleOf(const graphics::Color& color) {
   graphics::TextStyle style;
@@ -171,7 +172,12 @@ void TextField::draw(view::Canvas& canvas) {
     const std::string shown =
         isEmpty ? placeholder_ : std::string(text_).insert(caret_, composition_);
     graphics::TextStyle style = styleOf(isEmpty ? theme::faint : theme::ink);
-    if (isEmpty) style.maximumWidth = std::max(1.0, size.width - 2 * caretWidth);
+    if (isEmpty) {
+      const double room = std::max(1.0, size.width - 2 * caretWidth);
+      const double width = graphics::measureText(shown, style).width;
+      if (width >= room) style.fontSize *= std::max(leastPlaceholder, (room - 1) / width);
+      style.maximumWidth = room;
+    }
     whole_ = graphics::makeTextImage(shown, style, canvas.scale());
     wholeWidth_ = size.width;
     visible_ = nullptr;

@@ -14,7 +14,8 @@ namespace orivanta::viewer {
 enum class CaretStep { left, right, start, end };
 
 /// The host passes typed text while the field has the focus. A text that is longer than the field
-/// is scrolled so that the caret is visible. A longer placeholder ends with an ellipsis.
+/// is scrolled so that the caret is visible. A longer placeholder is smaller, and ends with an
+/// ellipsis if it still does not fit.
 class TextField : public Pressable {
  public:
   explicit TextField(std::string placeholder);

@@ -62,7 +62,8 @@ bool isIn(std::u32string_view list, std::int32_t point) {
 }
 
 bool isKatakana(std::int32_t point) {
-  return (point >= 0x30A1 && point <= 0x30FF) || (point >= 0x31F0 && point <= 0x31FF);
+  return (point >= 0x30A1 && point <= 0x30FF && point != U'・') ||
+         (point >= 0x31F0 && point <= 0x31FF);
 }
 
 bool isKanaOrHan(std::int32_t point) {

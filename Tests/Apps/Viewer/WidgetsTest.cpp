@@ -15,6 +15,18 @@ TEST(Label, IsAsHighAsItsLinesWhateverTheirLetters) {
   EXPECT_NEAR(heightOf("ace\nace"), 2 * heightOf("ace"), 1);
 }
 
+TEST(Label, IsSmallerRatherThanBreakAWord) {
+  for (const auto& [text, lines] :
+       {std::pair("Restauration", 1), std::pair("Restauration libre", 2),
+        std::pair("レストラン", 2)}) {
+    Label label(LabelStyle{.lines = 0}, text);
+    const double line = label.fitting(400).height;
+    Label word(LabelStyle{}, lines == 2 && text[0] != 'R' ? text : "Restauration");
+    const double room = word.fitting(400).width * 0.8;
+    EXPECT_NEAR(label.fitting(room).height / line, lines, 0.5) << text;
+  }
+}
+
 TEST(TextField, TakesAndErasesWholeCharacters) {
   TextField field("");
   int changes = 0;

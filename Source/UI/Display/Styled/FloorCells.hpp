@@ -55,7 +55,7 @@ struct StackCover {
   struct Level {
     const Map* floor;
     FloorCells cells;
-    double height = std::numeric_limits<double>::lowest();  ///< of the floor, once it is stacked
+    double height = std::numeric_limits<double>::lowest();  ///< of a floor that hides
   };
 
   /// Returns the level of a floor, which must be there.

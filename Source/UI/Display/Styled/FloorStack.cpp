@@ -23,6 +23,7 @@ constexpr double markHeight = 34;        // points, of the pin of a route
 constexpr Surroundings aroundStack{0.06, 1};
 constexpr double fullOutlines = 2.5;    // points per meter from which outlines are not thinner
 constexpr double leastOutlines = 0.35;  // of their width
+constexpr double leastSymbols = 0.75;   // of the size of icons on a single floor
 
 }  // namespace
 
@@ -88,6 +89,7 @@ void FloorStack::build(const std::shared_ptr<const MapTheme>& theme) {
   StackLevels::Lines lines;
   for (const RouteContents& route : routes_) lines.push_back(route.line);
   levels_.clear();
+  symbols_.reset();
   const Insets& insets = map_->camera().insets();
   graphics::Size free = map_->camera().lens().size;
   free.width -= insets.left + insets.right;
@@ -185,6 +187,7 @@ void FloorStack::setShare(double share) {
 void FloorStack::clear() {
   const Transaction transaction;
   levels_.clear();
+  symbols_.reset();
   contents_.reset();
   flat_.reset();
   shown_->setContents(nullptr);
@@ -193,6 +196,7 @@ void FloorStack::clear() {
 void FloorStack::copyLooks(const std::shared_ptr<const MapTheme>& theme) {
   if (!contents_) return;
   const Transaction transaction;
+  symbols_.reset();
   StackContents contents = *contents_;
   contents.theme = theme;
   show(std::move(contents));
@@ -228,9 +232,12 @@ void FloorStack::setSelected(std::optional<RouteMark> selected) {
 }
 
 std::shared_ptr<const FloorLabels> FloorStack::symbols(const MapTheme& theme,
-                                                       const guidance::Closures& closures) const {
-  if (!isOn_ || share_ < 1 || !routes_.empty()) return nullptr;
-  return stackSymbols(*map_->venue, contents_->stack, cover_, theme, closures);
+                                                       const guidance::Closures& closures) {
+  if (!isOn_ || share_ < 1) return nullptr;
+  if (!symbols_)
+    symbols_ = stackSymbols(*map_->venue, contents_->stack, cover_, theme,
+                            theme.sizes.icon * std::max(leastSymbols, outlineShare()), closures);
+  return symbols_;
 }
 
 bool FloorStack::isOutdated() const { return isOn_ && levels_.lineCount() != routes_.size(); }

@@ -85,9 +85,10 @@ class FloorStack {
   FloorList floors() const { return levels_.floors(); }
   std::shared_ptr<Map> floorOf(const scene::Node& node) const { return levels_.floorOf(node); }
 
-  /// Returns symbols for the stack while it is complete and without routes, otherwise null.
+  /// Returns symbols for the stack while it is complete, otherwise null. They are made anew after
+  /// `copyLooks`.
   std::shared_ptr<const FloorLabels> symbols(const MapTheme& theme,
-                                             const guidance::Closures& closures) const;
+                                             const guidance::Closures& closures);
 
   /// Returns the view that draws the names and the marks. Null if detached.
   StackView* view() const { return shown_.get(); }
@@ -120,8 +121,9 @@ class FloorStack {
   StackLevels levels_;
   std::shared_ptr<const StackContents> contents_;
   std::shared_ptr<const StackCover> cover_;
-  graphics::Box extent_;                    // of the whole stack
-  std::vector<graphics::Vector3> corners_;  // of the shapes of the stack
+  std::shared_ptr<const FloorLabels> symbols_;  // null until needed
+  graphics::Box extent_;                        // of the whole stack
+  std::vector<graphics::Vector3> corners_;      // of the shapes of the stack
   double turn_ = 0;
   std::optional<FlatView> flat_;  // to which the camera returns
   std::vector<RouteContents> routes_;

@@ -18,7 +18,8 @@ namespace {
 constexpr double hiddenShare = 0.22;  // of a floor, by another one
 // From one floor to the next, of the depth of all floors.
 constexpr double leastShift = 0.3;
-constexpr double mostShift = 1.6;  // where there is room
+constexpr double mostShift = 1.6;       // where there is room
+constexpr double fadedDistance = 0.55;  // of a distance, in the mean; see `stackFloors`
 // Of the height of the view. Less is used because the names of the floors need width.
 constexpr double usedShare = 0.9;
 
@@ -65,19 +66,16 @@ FloorList floorsWithModels(const Venue& venue, const std::shared_ptr<Map>& shown
 }
 
 // At most a share of each floor is hidden by another one, as far as the grid can tell. The floors
-// are further apart if the view is high enough.
-FloorSpacing spacingOf(std::shared_ptr<const StackCover> cover, graphics::Size view) {
-  const CellFrame& frame = cover->frame;
+// are further apart if the view is high enough for a number of distances.
+FloorSpacing spacingOf(const StackCover& cover, graphics::Size view, double count) {
+  const CellFrame& frame = cover.frame;
   const double upright = std::cos(stackTilt) / std::sin(stackTilt);
-  const double height = frame.width * view.height / std::max(1.0, view.width);
+  const double most = frame.width * view.height / std::max(1.0, view.width) * usedShare;
   const double flat = frame.depth * std::cos(stackTilt);
-  const double count = std::max<double>(
-      1, static_cast<double>(std::min(cover->levels.size(), mostStackedFloors)) - 1);
-  const double room = flat > 0 ? (height * usedShare - flat) / flat / count : 0;
+  const double room = flat > 0 ? (most - flat) / flat / std::max(1.0, count) : 0;
   const double least = std::clamp(room, leastShift, mostShift);
-  return [cover = std::move(cover), depth = frame.depth * upright, least](const Map& lower,
-                                                                          const Map& upper) {
-    const double shift = cover->of(lower).cells.shiftOf(cover->of(upper).cells, hiddenShare);
+  return [&cover, depth = frame.depth * upright, least](const Map& lower, const Map& upper) {
+    const double shift = cover.of(lower).cells.shiftOf(cover.of(upper).cells, hiddenShare);
     return std::max(shift, least) * depth;
   };
 }
@@ -87,12 +85,14 @@ FloorSpacing spacingOf(std::shared_ptr<const StackCover> cover, graphics::Size v
 StackLayout::StackLayout(const StackInput& input) {
   FloorList floors;
   graphics::Box contents;
+  double distances = 0;
   for (const auto& floor : floorsWithModels(input.venue, input.shown)) {
     StackShapes own(*floor, input.venue, input.words);
     const bool isNeeded =
         floor == input.shown ||
         std::find(input.onRoute.begin(), input.onRoute.end(), floor) != input.onRoute.end();
     if (own.contents().isEmpty() && !isNeeded) continue;
+    distances += isNeeded || input.onRoute.empty() ? 1 : fadedDistance;
     contents.add(own.contents());
     shapes.emplace(floor.get(), std::move(own));
     floors.push_back(floor);
@@ -107,11 +107,13 @@ StackLayout::StackLayout(const StackInput& input) {
   for (const auto& [floor, own] : shapes)
     covered->levels.push_back({floor, FloorCells(own.shapes, covered->frame)});
   cover = covered;
-  stack = stackFloors(floors, input.onRoute, input.shown, spacingOf(cover, input.view));
+  stack = stackFloors(
+      floors, input.onRoute, input.shown,
+      spacingOf(*cover, input.view, std::min<double>(distances, mostStackedFloors) - 1));
   for (const StackedFloor& floor : stack.floors) {
     const StackShapes& each = shapes.at(floor.floor.get());
     for (StackCover::Level& level : covered->levels)
-      if (level.floor == floor.floor.get()) level.height = floor.offset;
+      if (level.floor == floor.floor.get() && floor.isWhole) level.height = floor.offset;
     if (each.box.isEmpty()) continue;
     box.add(each.box);
     extent.add(raised(each.box, floor.offset));

@@ -144,13 +144,16 @@ void StackNames::place(std::vector<Name>& names, const Room& room, double height
   for (Name& name : names) name.rect = {{x, name.y - height / 2}, {width, height}};
 }
 
-void StackNames::draw(view::Canvas& canvas, const StackContents& contents,
-                      const FloorProjection& projection, const Room& room, double share) {
-  if (canvas.scale() != scale_) texts_.clear();
-  scale_ = canvas.scale();
+void StackNames::arrange(const StackContents& contents, const FloorProjection& projection,
+                         const Room& room, double share, double scale) {
+  if (scale != scale_) texts_.clear();
+  scale_ = scale;
   double left = std::numeric_limits<double>::max();
   drawn_ = namesOf(contents, projection, share, left);
   place(drawn_, room, nameHeightIn(*contents.theme), left);
+}
+
+void StackNames::draw(view::Canvas& canvas, const StackContents& contents, double share) const {
   for (const Name& name : drawn_) drawName(canvas, name, contents, share);
 }
 

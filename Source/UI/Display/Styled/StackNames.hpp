@@ -34,9 +34,13 @@ class StackNames {
   /// Removes the names; the images are kept.
   void hide() { drawn_.clear(); }
 
-  /// Draws the names. `share`: 0 if the floors lie in each other, 1 if they are stacked.
-  void draw(view::Canvas& canvas, const StackContents& contents, const FloorProjection& projection,
-            const Room& room, double share);
+  /// Places the names for a frame. `share`: 0 if the floors lie in each other, 1 if they are
+  /// stacked. `scale`: pixels per point.
+  void arrange(const StackContents& contents, const FloorProjection& projection, const Room& room,
+               double share, double scale);
+
+  /// Draws the names where they were placed.
+  void draw(view::Canvas& canvas, const StackContents& contents, double share) const;
 
   /// Returns the floor whose name is at a point of the last frame, or null.
   std::shared_ptr<Map> at(graphics::Point point) const;

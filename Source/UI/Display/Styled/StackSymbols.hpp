@@ -13,11 +13,13 @@
 namespace orivanta {
 
 /// Returns labels without names for the ways to other floors and out, and for toilets, without
-/// those beside their floors. They are where the floors are while they are stacked, and hidden
-/// where a higher floor covers them. `venue` is loaded. Main thread.
+/// those beside their floors and on faded floors. They are where the floors are while they are
+/// stacked, and hidden where a higher floor covers them. Where floors are small, only those that
+/// are far from others of their kind are shown. `size`: of symbols, points. `venue`
+/// is loaded. Main thread.
 std::shared_ptr<const FloorLabels> stackSymbols(const Venue& venue, const StackedFloors& stack,
                                                 std::shared_ptr<const StackCover> cover,
-                                                const MapTheme& theme,
+                                                const MapTheme& theme, double size,
                                                 const guidance::Closures& closures);
 
 }  // namespace orivanta

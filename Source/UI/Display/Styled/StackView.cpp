@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
+#include "Source/UI/Display/Styled/RouteBoxes.hpp"
 #include "Source/UI/MapView.hpp"
 
 namespace orivanta {
@@ -93,14 +95,27 @@ std::optional<double> StackView::riseOf(const Map& floor) const {
   return offset ? std::optional(*offset * share_) : std::nullopt;
 }
 
-void StackView::draw(view::Canvas& canvas) {
+void StackView::arrange(double scale, std::vector<Rect>& covered) {
   names_.hide();
+  legs_.clear();
   const auto viewpoint = map_.sceneView->viewpoint();
   if (!contents_ || !viewpoint) return;
   const FloorProjection projection(*viewpoint, bounds().size);
-  drawRides(canvas, projection);
-  names_.draw(canvas, *contents_, projection, {bounds().size, map_.camera().insets()}, share_);
-  if (share_ >= 1) drawMarks(canvas, projection);
+  placeLegs(projection);
+  names_.arrange(*contents_, projection, {bounds().size, map_.camera().insets()}, share_, scale);
+  if (share_ < 1) return;
+  placeMarks(projection);
+  covered.insert(covered.end(), marks_.boxes().begin(), marks_.boxes().end());
+  for (const Leg& leg : legs_)
+    addRouteBoxes(leg.from, leg.to, bounds().size, contents_->theme->sizes.route, covered);
+}
+
+void StackView::draw(view::Canvas& canvas) {
+  if (!contents_) return;
+  for (const Leg& leg : legs_)
+    if (leg.isRide) drawRide(canvas, leg.from.point, leg.to.point);
+  names_.draw(canvas, *contents_, share_);
+  if (share_ >= 1) marks_.draw(canvas);
 }
 
 // Raises the marks and the lines of the routes to their floors.
@@ -131,33 +146,31 @@ void StackView::showMarks() {
   marks_.set(std::move(marks), std::move(lines), contents.theme);
 }
 
-void StackView::drawMarks(view::Canvas& canvas, const FloorProjection& projection) {
+void StackView::placeMarks(const FloorProjection& projection) {
   Insets insets = map_.camera().insets();
   insets.left = names_.rightEdge(insets.left - nameGap) + nameGap;
   const graphics::Size size = bounds().size;
   marks_.place(projection, {{insets.left, insets.top},
                             {size.width - insets.left - insets.right,
                              size.height - insets.top - insets.bottom}});
-  marks_.draw(canvas);
 }
 
-void StackView::drawRides(view::Canvas& canvas, const FloorProjection& projection) const {
-  const auto placeOf = [&](const RoutePoint& point) -> std::optional<Point> {
-    const auto offset = contents_->offsetOf(*point.floor);
-    if (!offset) return std::nullopt;
-    graphics::Vector3 position = point.position;
-    position.z += static_cast<float>(*offset * share_);
-    const ProjectedPlace place = projection.of(position);
-    return place.pointsPerUnit > 0 ? std::optional(place.point) : std::nullopt;
-  };
+// Places the parts of the routes between points that are in front of the camera.
+void StackView::placeLegs(const FloorProjection& projection) {
   for (const RouteContents& route : contents_->routes) {
     const auto points = route.line->points();
-    std::optional<RoutePoint> before;
+    const Map* floor = nullptr;
+    ProjectedPlace from;
     for (std::size_t i = 0; i < points.size(); ++i) {
-      const auto to = placeOf(points[i]);
-      if (!to || isPassedInRide(points, i)) continue;
-      if (before && before->floor != points[i].floor) drawRide(canvas, *placeOf(*before), *to);
-      before = points[i];
+      const auto offset = contents_->offsetOf(*points[i].floor);
+      if (!offset || isPassedInRide(points, i)) continue;
+      graphics::Vector3 position = points[i].position;
+      position.z += static_cast<float>(*offset * share_);
+      const ProjectedPlace to = projection.of(position);
+      if (!(to.pointsPerUnit > 0)) continue;
+      const Map* const former = std::exchange(floor, points[i].floor.get());
+      if (former != nullptr) legs_.push_back({from, to, former != floor});
+      from = to;
     }
   }
 }

@@ -4,12 +4,14 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/View.hpp"
 #include "Source/UI/Display/Styled/RouteMarks.hpp"
 #include "Source/UI/Display/Styled/StackContents.hpp"
 #include "Source/UI/Display/Styled/StackNames.hpp"
+#include "Source/UI/Labels/PlaceLabel.hpp"
 
 namespace orivanta {
 
@@ -46,14 +48,25 @@ class StackView : public view::View {
   /// Returns the mark of a route at a point of the last frame, or nothing.
   std::optional<RouteMark> markAt(graphics::Point point) const;
 
+  /// Arranges the names and the marks for the current frame, and adds what the marks
+  /// and the routes cover, in points. `scale`: pixels per point. Call it under the transaction in
+  /// which a frame is gathered, before `draw`.
+  void arrange(double scale, std::vector<graphics::Rect>& covered);
+
   void draw(view::Canvas& canvas) override;
   bool isAnimating() const override;
 
  private:
   void showMarks();
-  void drawRides(view::Canvas& canvas, const FloorProjection& projection) const;
+  struct Leg {
+    ProjectedPlace from;
+    ProjectedPlace to;
+    bool isRide;  // to another floor
+  };
+
+  void placeLegs(const FloorProjection& projection);
   void drawRide(view::Canvas& canvas, graphics::Point from, graphics::Point to) const;
-  void drawMarks(view::Canvas& canvas, const FloorProjection& projection);
+  void placeMarks(const FloorProjection& projection);
 
   const MapView& map_;
   // Changed and read under transactions.
@@ -61,6 +74,7 @@ class StackView : public view::View {
   double share_ = 0;
   bool isMoving_ = false;
   bool isFading_ = false;
+  std::vector<Leg> legs_;  // of the routes, in the current frame
   StackNames names_;
   RouteMarks marks_;
 };

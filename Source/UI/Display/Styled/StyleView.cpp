@@ -110,7 +110,7 @@ void StyleView::setRoute(StyledRoute* route) {
   route_ = route;
 }
 
-void StyleView::setStack(const StackView* stack) {
+void StyleView::setStack(StackView* stack) {
   const graphics::Transaction transaction;
   stack_ = stack;
 }
@@ -163,6 +163,7 @@ std::vector<graphics::Rect> StyleView::arrangeFurniture(double scale) {
     cover(scaleBar_.arrange(
         {room.minX(), top},
         unitsPerMeter_ / (view_.camera().lens().slopePerPoint() * pose.distance), *theme_, scale));
+  if (stack_ != nullptr) stack_->arrange(scale, covered);
   return covered;
 }
 

@@ -44,9 +44,10 @@ class StyleView : public view::View {
   void setRoute(StyledRoute* route);
 
   /// The stacked floors, in which the position is raised. Null, the default, for none.
-  void setStack(const StackView* stack);
+  void setStack(StackView* stack);
 
-  /// Arranges the aids for the current frame and returns what they cover, in points. The labels,
+  /// Arranges the aids and the stacked floors' names and marks for the current frame and returns
+  /// what they and routes through stacked floors cover, in points. The labels,
   /// which are drawn before this view, call it. `scale`: pixels per point. Call it under the
   /// transaction in which a frame is gathered.
   std::vector<graphics::Rect> arrangeFurniture(double scale);
@@ -59,7 +60,7 @@ class StyleView : public view::View {
 
   MapView& view_;
   StyledRoute* route_ = nullptr;
-  const StackView* stack_ = nullptr;
+  StackView* stack_ = nullptr;
   std::shared_ptr<CompassView> compass_;
   std::shared_ptr<const MapTheme> theme_;  // null until set
   MapFurniture furniture_;

@@ -26,22 +26,23 @@ TEST(LineBreaks, LinesEndWhereTheScriptAllows) {
     const char* parts;
     const char* two;  // the name in two lines; "" if it cannot be broken
   };
-  for (const auto& [text, parts, two] :
-       std::vector<Case>{{"", "", ""},
-                         {"  ", "", ""},
-                         {"Bakery", "Bakery", ""},
-                         {" Lost and  found ", "Lost |and  |found", "Lost and|found"},
-                         {"A\u00A0B C", "A\u00A0B |C", "A\u00A0B|C"},
-                         {"新宿駅", "新|宿|駅", ""},
-                         {"店舗 B1F-14", "店|舗 |B1F-14", "店舗|B1F-14"},
-                         {"北（東）口、西", "北|（東）|口、|西", "北（東）|口、西"},
-                         {"「き」ょー", "「き」ょー", ""},
-                         {"ルミネエスト新宿", "ル|ミ|ネ|エ|ス|ト|新|宿", "ルミネエスト|新宿"},
-                         {"か\u3099き", "か\u3099|き", ""},
-                         {"👩‍👩‍👧 👍🏽", "👩‍👩‍👧 |👍🏽",
-                          "👩‍👩‍👧|👍🏽"},
-                         {"서울 역", "서울 |역", "서울|역"},
-                         {"\xFF\xFE x", "\xFF\xFE |x", "\xFF\xFE|x"}}) {
+  for (const auto& [text, parts, two] : std::vector<Case>{
+           {"", "", ""},
+           {"  ", "", ""},
+           {"Bakery", "Bakery", ""},
+           {" Lost and  found ", "Lost |and  |found", "Lost and|found"},
+           {"A\u00A0B C", "A\u00A0B |C", "A\u00A0B|C"},
+           {"新宿駅", "新|宿|駅", ""},
+           {"店舗 B1F-14", "店|舗 |B1F-14", "店舗|B1F-14"},
+           {"北（東）口、西", "北|（東）|口、|西", "北（東）|口、西"},
+           {"「き」ょー", "「き」ょー", ""},
+           {"ルミネエスト新宿", "ル|ミ|ネ|エ|ス|ト|新|宿", "ルミネエスト|新宿"},
+           {"ロング・メリディアン", "ロ|ン|グ・|メ|リ|ディ|ア|ン", "ロング・|メリディアン"},
+           {"か\u3099き", "か\u3099|き", ""},
+           {"👩‍👩‍👧 👍🏽", "👩‍👩‍👧 |👍🏽",
+            "👩‍👩‍👧|👍🏽"},
+           {"서울 역", "서울 |역", "서울|역"},
+           {"\xFF\xFE x", "\xFF\xFE |x", "\xFF\xFE|x"}}) {
     SCOPED_TRACE(text);
     EXPECT_EQ(joined(lineParts(text)), parts);
     const auto lines = labelLines(text, columns, 2);

@@ -173,8 +173,8 @@ TEST_F(FloorStackTest, ShowsTheSelectedPlaceAndThePositionOnTheirFloors) {
   EXPECT_EQ(countPixels(*draw(), colors.pin), 0);
 }
 
-// The upper floor covers the back of the ground floor.
-TEST_F(FloorStackTest, ShowsTheWaysToOtherFloorsUnlessTheyAreCoveredOrARouteIsShown) {
+// The upper floor covers the back of the ground floor unless it is faded because no route is there.
+TEST_F(FloorStackTest, ShowsTheWaysToOtherFloorsUnlessTheyAreCoveredOrTooNearToEachOther) {
   style->setStill(true);
   const auto way = [&](const char* id, double x, double y, const std::vector<std::size_t>& floors) {
     auto made = Vortex::make(
@@ -188,7 +188,8 @@ TEST_F(FloorStackTest, ShowsTheWaysToOtherFloorsUnlessTheyAreCoveredOrARouteIsSh
   style->setStacked(true);
   EXPECT_EQ(discs(), 0);
   shown.venue->vortices = {way("lift", 600, 200, {0, 1}), way("covered", 300, 900, {0}),
-                           way("before", 750, 650, {0}), way("outside", 900, 200, {1})};
+                           way("before", 750, 650, {0}), way("outside", 900, 200, {1}),
+                           way("near", 480, 200, {0})};
   style->setStacked(false);
   style->setStacked(true);
   EXPECT_EQ(discs(), 3);
@@ -198,9 +199,15 @@ TEST_F(FloorStackTest, ShowsTheWaysToOtherFloorsUnlessTheyAreCoveredOrARouteIsSh
   style->setClosures(guidance::Closures({"before"}));
   EXPECT_EQ(discs(), 2);
   {
-    RouteOverlay route(shown.mapView, {shown.node(200, 80, 0), shown.node(500, 80, 0)});
+    RouteOverlay route(shown.mapView, {shown.node(200, 80, 0), shown.node(300, 80, 0)});
     route.show(1);
-    EXPECT_EQ(discs(), 0);
+    EXPECT_EQ(discs(), 2);
+  }
+  view.camera().advance(time);
+  {
+    RouteOverlay route(shown.mapView, {shown.node(600, 80, 0), shown.node(600, 350, 0)});
+    route.show(1);
+    EXPECT_EQ(discs(), 1);
   }
   view.camera().advance(time);
   EXPECT_EQ(discs(), 2);

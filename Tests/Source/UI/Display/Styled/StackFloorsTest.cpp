@@ -8,8 +8,11 @@
 #include "Platform/Scene/Node.hpp"
 #include "Platform/Scene/Shapes.hpp"
 #include "Source/Map.hpp"
+#include "Source/Node.hpp"
 #include "Source/RawData.hpp"
 #include "Source/UI/Display/Styled/FloorCells.hpp"
+#include "Source/UI/Display/Styled/StackShapes.hpp"
+#include "Source/Venue.hpp"
 
 namespace orivanta {
 namespace {
@@ -73,6 +76,35 @@ std::shared_ptr<scene::Node> slab(float x, float y, double width, double depth) 
                            1)));
   floor->children().front()->setPosition({x, y, 0});
   return floor;
+}
+
+// A slab that is more than twice as large as the contents of all floors is a site.
+TEST(StackShapes, LeaveOutTheSlabsOfSites) {
+  struct Case {
+    const char* name;
+    double slabWidth;
+    const char* floor;
+    bool isLeftOut;
+  };
+  const auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
+  for (const auto& [name, slabWidth, floor, isLeftOut] :
+       {Case{"a site", 210, "Path", true}, Case{"a storey", 190, "Path", false},
+        Case{"nothing else to walk on", 210, "Walls", false}}) {
+    const auto map = makeFloors(1).front();
+    map->mapObject = slab(0, 0, 100, 50);
+    map->mapObject->children().front()->setName(floor);
+    const auto ground = slab(0, 0, slabWidth, 50)->children().front();
+    ground->setName("Ground");
+    map->mapObject->addChild(ground);
+    const auto node =
+        Node::make(*RawData::parse(R"({"id": "n", "map": "0", "x": 0, "y": 0, "z": 5})"));
+    node->map = map;
+    venue->nodes = NodeList{node};
+    StackShapes shapes(*map, *venue, KindWords());
+    shapes.choose(shapes.contents());
+    EXPECT_EQ(shapes.leftOut.size(), isLeftOut ? 1U : 0U) << name;
+    EXPECT_EQ(shapes.shapes.size(), isLeftOut ? 1U : 2U) << name;
+  }
 }
 
 TEST(FloorCells, TellHowFarAFloorMustBeShifted) {
