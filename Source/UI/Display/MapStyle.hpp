@@ -135,8 +135,9 @@ class ORIVANTA_API MapStyle {
   /// share the geometry of the models. Floors that are loaded later are added. Names of places are
   /// hidden, except that of the selected place, which is shown with its pin also on other floors,
   /// as is the position. Floors that are not faded have icons at connectors, toilets, entrances and
-  /// exits that no such floor above covers; fewer where the floors are small. The names of the floors can be tapped: the map view then
-  /// shows the floor. Changing the floor, loading floors and starting a scene end the stacking.
+  /// exits that no such floor above covers; fewer where the floors are small. The names of the
+  /// floors can be tapped: the map view then shows the floor. Changing the floor, loading floors
+  /// and starting a scene end the stacking.
   void setStacked(bool isStacked);
 
   /// Returns whether the floors are stacked.

@@ -1,5 +1,6 @@
 #include "Source/UI/Display/Styled/StackSymbols.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -10,6 +11,7 @@ namespace orivanta {
 namespace {
 
 constexpr double mostImportant = 100;
+constexpr std::size_t mostCompared = 1000;
 constexpr double leastDistance = 48;  // points, between symbols of a kind on a floor
 constexpr double scaleShare = 0.3;  // of the scales from which on icons are shown on a single floor
 
@@ -19,17 +21,17 @@ bool hasSymbol(PlaceKind kind) {
          kind == PlaceKind::exit;
 }
 
-// Raises the scale of the last label so that it is far from those of its kind that are shown there.
+// Raises the scale of the last label so that it is far from those of its kind that are shown
+// before.
 void thinOut(FloorLabels& symbols, std::size_t first) {
   const std::size_t last = symbols.labels.size() - 1;
   double& scale = symbols.labels[last].scales.symbol;
-  for (std::size_t i = first; i < last;) {
+  for (std::size_t i = std::max(first, last - std::min(last, mostCompared)); i < last; ++i) {
     const graphics::Vector3 way = symbols.anchors[last] - symbols.anchors[i];
     const double least = leastDistance * symbols.unitsPerMeter / std::hypot(way.x, way.y);
-    const bool isNear = symbols.sources[i].kind == symbols.sources[last].kind &&
-                        symbols.labels[i].scales.symbol <= scale && scale < least;
-    if (isNear) scale = least;
-    i = isNear ? first : i + 1;  // more labels may be shown at a larger scale
+    if (symbols.sources[i].kind == symbols.sources[last].kind &&
+        symbols.labels[i].scales.symbol <= scale)
+      scale = std::max(scale, least);
   }
 }
 
