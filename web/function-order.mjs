@@ -3,8 +3,6 @@
 
 const shingleBytes = 6;
 const mostUses = 60; // what more functions contain is in everything
-const windowBytes = 20_000; // of functions before the next one
-const header = 100; // bytes; keeps functions of a few bytes from coming first because all of them are repeated
 
 const codeSection = 10;
 const customSection = 0;
@@ -59,7 +57,7 @@ function shinglesOf(body) {
 }
 
 /** Returns the functions, as indices: after each one comes the one that shares most with those before it. */
-function orderOf(bodies) {
+function orderOf(bodies, { windowBytes, header }) {
   const shingles = bodies.map(shinglesOf);
   const users = new Map(); // by shingle
   shingles.forEach((list, index) => {
@@ -99,10 +97,14 @@ function orderOf(bodies) {
   return order;
 }
 
-/** Returns a module whose functions have names that are in such an order. The module must have no names. */
-export function withOrderedNames(module) {
+/**
+ * Returns a module whose functions have names that are in such an order. The module must have no names. `windowBytes`:
+ * of the functions with which the next one is compared. `header`: bytes that are added to the length of each function,
+ * which keeps short ones from coming first because all of their bytes are repeated.
+ */
+export function withOrderedNames(module, settings) {
   const imports = WebAssembly.Module.imports(new WebAssembly.Module(module)).filter(({ kind }) => kind === "function");
-  const order = orderOf(bodiesOf(module));
+  const order = orderOf(bodiesOf(module), settings);
   const names = order.map((index, place) => [imports.length + index, `f${String(place).padStart(6, "0")}`]);
   names.sort(([left], [right]) => left - right);
   const entries = names.flatMap(([index, name]) => [...encoded(index), ...text(name)]);
