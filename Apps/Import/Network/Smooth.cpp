@@ -22,7 +22,11 @@ constexpr double sharp = 0.4;         // the cosine of a turn that stays
 class Smoother {
  public:
   Smoother(const Space& space, Draft& draft)
-      : space_(space), draft_(draft), lines_(draft.nodes.size()), all_(draft.nodes.size()) {
+      : space_(space),
+        draft_(draft),
+        lines_(draft.nodes.size()),
+        all_(draft.nodes.size()),
+        isChanged_(draft.nodes.size(), 1) {
     for (const DraftEdge& edge : draft.edges)
       for (const auto& [node, other] :
            {std::pair(edge.from, edge.to), std::pair(edge.to, edge.from)}) {
@@ -35,7 +39,7 @@ class Smoother {
     constexpr int rounds = 4;
     for (int round = 0; round < rounds; ++round)
       for (Index node = 0; node < draft_.nodes.size(); ++node)
-        if (draft_.nodes[node].isMovable()) smooth(node);
+        if (draft_.nodes[node].isMovable() && std::exchange(isChanged_[node], 0) != 0) smooth(node);
   }
 
  private:
@@ -72,7 +76,11 @@ class Smoother {
     const double clearance = space_.clearance(old, walkedOff);
     for (const double share : {1.0, 0.5, 0.25}) {
       draft_.nodes[node].position = old + (foot - old) * share;
-      if (space_.clearance(at(node), walkedOff) >= clearance && seesAll(node)) return;
+      if (space_.clearance(at(node), walkedOff) >= clearance && seesAll(node)) {
+        isChanged_[node] = 1;
+        for (const Index other : all_[node]) isChanged_[other] = 1;
+        return;
+      }
     }
     draft_.nodes[node].position = old;
   }
@@ -88,6 +96,7 @@ class Smoother {
   Draft& draft_;
   std::vector<std::vector<Index>> lines_;  // of each node: the nodes to which lines lead
   std::vector<std::vector<Index>> all_;    // the same with stubs
+  std::vector<std::uint8_t> isChanged_;    // of each node: it or one of those has moved meanwhile
 };
 
 }  // namespace
