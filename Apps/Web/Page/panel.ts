@@ -70,7 +70,9 @@ export class Panel {
     const former = this.#page;
     const wasDetail = detailPages.includes(former);
     const isDetail = detailPages.includes(page);
-    const { scrollTop } = this.#content;
+    // Reading or setting the position makes the browser lay out the page at once.
+    const isScrollable = former !== "loading";
+    const scrollTop = isScrollable ? this.#content.scrollTop : 0;
     if (isDetail && !wasDetail) this.#behind = { spot: this.#spot, top: scrollTop, place: state.place ?? "" };
     this.#spot = JSON.stringify([view, state.from, state.to]);
     this.#shown = key;
@@ -83,7 +85,7 @@ export class Panel {
     const isOpen = !isNew && this.#content.querySelector("details[open]") !== null;
     keepingFocus(this.#content, () => this.#content.replaceChildren(...this.#make(page)));
     if (isOpen) this.#content.querySelector("details")?.setAttribute("open", "");
-    this.#content.scrollTop = top;
+    if (isScrollable) this.#content.scrollTop = top;
     if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus, isBack ? this.#behind.place : "");
   }
 

@@ -22,15 +22,14 @@ export class Texts {
   readonly language: string;
   readonly isRightToLeft: boolean;
   readonly #messages: Readonly<Record<string, string | readonly string[]>>;
-  readonly #forms: Intl.PluralRules;
-  readonly #numbers: Intl.NumberFormat;
+  // Made when they are needed, since the browser loads tables for them.
+  #rules: Intl.PluralRules | null = null;
+  #numbers: Intl.NumberFormat | null = null;
 
   private constructor(language: string, messages: Record<string, string | string[]>) {
     this.language = language;
     this.isRightToLeft = language === "ar";
     this.#messages = messages;
-    this.#forms = new Intl.PluralRules(language);
-    this.#numbers = new Intl.NumberFormat(language === "ar" ? "ar-u-nu-latn" : language);
   }
 
   /** Loads the messages of a language. */
@@ -53,15 +52,18 @@ export class Texts {
 
   /** Returns a number with the separators of the language. */
   number(value: number): string {
+    if (value < 1000) return String(value);
+    this.#numbers ??= new Intl.NumberFormat(this.language === "ar" ? "ar-u-nu-latn" : this.language);
     return this.#numbers.format(value);
   }
 
   // Message files have the forms in the order of these categories, and languages with a form for all large
   // numbers have it last.
   #form(forms: readonly string[], count: number): string {
+    const rules = (this.#rules ??= new Intl.PluralRules(this.language));
     const order = ["zero", "one", "two", "few", "many", "other"];
-    const own = order.filter((category) => this.#forms.resolvedOptions().pluralCategories.includes(category as Intl.LDMLPluralRule));
-    const index = forms.length === own.length ? own.indexOf(this.#forms.select(count)) : this.#forms.select(count) === "one" ? 0 : 1;
+    const own = order.filter((category) => rules.resolvedOptions().pluralCategories.includes(category as Intl.LDMLPluralRule));
+    const index = forms.length === own.length ? own.indexOf(rules.select(count)) : rules.select(count) === "one" ? 0 : 1;
     return forms[Math.max(0, Math.min(index, forms.length - 1))] ?? "";
   }
 }
