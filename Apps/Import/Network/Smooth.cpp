@@ -1,6 +1,7 @@
 #include "Apps/Import/Network/Smooth.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <utility>
@@ -14,10 +15,11 @@ namespace {
 
 using Index = std::uint32_t;
 
-constexpr double walkedOff = 1.0;     // meters between walls and moved nodes, where there is room
-constexpr double farthestMove = 1.5;  // meters; nodes that would have to move farther stay
-constexpr double straight = 0.995;    // the cosine of a turn that nobody notices
-constexpr double sharp = 0.4;         // the cosine of a turn that stays
+constexpr double walkedOff = 1.0;      // meters between walls and moved nodes, where there is room
+constexpr double farthestMove = 1.5;   // meters; nodes that would have to move farther stay
+constexpr double straight = 0.995;     // the cosine of a turn that nobody notices
+constexpr double sharp = 0.4;          // the cosine of a turn that stays
+constexpr std::size_t mostLines = 64;  // at a node; all pairs of them are compared
 
 class Smoother {
  public:
@@ -50,6 +52,7 @@ class Smoother {
     std::optional<std::pair<Index, Index>> best;
     double bestTurn = sharp;
     const std::vector<Index>& lines = lines_[node];
+    if (lines.size() > mostLines) return std::nullopt;
     for (std::size_t i = 0; i < lines.size(); ++i)
       for (std::size_t k = i + 1; k < lines.size(); ++k) {
         const Point in = at(node) - at(lines[i]);
