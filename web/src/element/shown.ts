@@ -98,7 +98,7 @@ export class Shown {
   close(closed: readonly string[], wishes: Wishes): void {
     this.#closed = closed;
     this.map.setClosures(closed);
-    this.#plan(wishes, !this.#isTouched);
+    this.#plan(wishes, !this.#isTouched && wishes.floor === null);
   }
 
   /** Shows the floor switch. `label` is its name. */
