@@ -72,11 +72,7 @@ class Guess {
   }
 
  private:
-  bool isRoom(const Area& area) const {
-    return (area.kind == AreaKind::room ||
-            (area.kind == AreaKind::unknown && !isWalkway(area.kind, walkways_))) &&
-           area.access != Access::nobody;
-  }
+  bool isRoom(const Area& area) const { return isEnterableRoom(area, walkways_); }
 
   void addToGraph(const Door& door) {
     for (const std::string& id : door.areas) {

@@ -185,6 +185,11 @@ bool isWalked(const Area& area, bool storeyHasWalkways) {
   return isWalkway(area.kind, storeyHasWalkways) && area.access != Access::nobody;
 }
 
+bool isEnterableRoom(const Area& area, bool storeyHasWalkways) {
+  return (area.kind == AreaKind::room || (area.kind == AreaKind::unknown && storeyHasWalkways)) &&
+         area.access != Access::nobody;
+}
+
 bool hasWalkways(const Building& building, double level) {
   return std::any_of(
              building.areas.begin(), building.areas.end(),

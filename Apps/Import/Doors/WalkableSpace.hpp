@@ -13,6 +13,10 @@ bool isWalkway(AreaKind kind, bool storeyHasWalkways);
 /// Whether people walk in an area: its kind is such, and it is not closed to everybody.
 bool isWalked(const Area& area, bool storeyHasWalkways);
 
+/// Whether an area is a room, and not closed to everybody. Areas of unknown use count as rooms on
+/// storeys with walkways.
+bool isEnterableRoom(const Area& area, bool storeyHasWalkways);
+
 /// Whether a storey has walkways, ramps or paths.
 bool hasWalkways(const Building& building, double level);
 

@@ -12,11 +12,6 @@ namespace orivanta::importer {
 
 namespace {
 
-bool isRoom(const Area& area, bool storeyHasWalkways) {
-  return (area.kind == AreaKind::room || (area.kind == AreaKind::unknown && storeyHasWalkways)) &&
-         area.access != Access::nobody;
-}
-
 double weightOf(const Area& room) {
   return room.access == Access::staff ? staffWeight : crossingWeight;
 }
@@ -59,12 +54,12 @@ void addRoomLines(const Shape& shape, const Space& space, Draft& draft) {
 Rooms::Rooms(const Building& building, double level)
     : index_(building, level,
              [walkways = hasWalkways(building, level)](const Area& area) {
-               return isRoom(area, walkways);
+               return isEnterableRoom(area, walkways);
              }),
       contents_(building, level, [](const Area& area) { return area.kind != AreaKind::obstacle; }) {
   const bool walkways = hasWalkways(building, level);
   for (const Area& area : building.areas) {
-    if (area.level != level || area.shape.empty() || !isRoom(area, walkways)) continue;
+    if (area.level != level || area.shape.empty() || !isEnterableRoom(area, walkways)) continue;
     if (byId_.emplace(area.id, rooms_.size()).second) rooms_.emplace_back().area = &area;
   }
 }

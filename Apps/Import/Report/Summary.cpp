@@ -42,19 +42,15 @@ std::map<std::string, std::size_t> nodesOfRooms(const Building& building) {
   return inside;
 }
 
-// Whether each area is a room. On a storey with walkways, so are areas of unknown use.
-std::vector<bool> areRooms(const Building& building) {
+// The rooms, as indices of areas.
+std::vector<std::size_t> roomsOf(const Building& building) {
   std::map<double, bool> walkways;  // by level
-  std::vector<bool> rooms;
-  rooms.reserve(building.areas.size());
-  for (const Area& area : building.areas) {
-    bool isRoom = area.kind == AreaKind::room;
-    if (area.kind == AreaKind::unknown) {
-      const auto [level, added] = walkways.try_emplace(area.level);
-      if (added) level->second = hasWalkways(building, area.level);
-      isRoom = level->second;
-    }
-    rooms.push_back(isRoom && area.access != Access::nobody);
+  std::vector<std::size_t> rooms;
+  for (std::size_t i = 0; i < building.areas.size(); ++i) {
+    const Area& area = building.areas[i];
+    const auto [level, added] = walkways.try_emplace(area.level);
+    if (added) level->second = hasWalkways(building, area.level);
+    if (isEnterableRoom(area, level->second)) rooms.push_back(i);
   }
   return rooms;
 }
@@ -71,9 +67,7 @@ NetworkParts networkParts(const Building& building) {
   std::map<std::size_t, std::vector<std::size_t>> rooms;  // by the first node of the part
   for (std::size_t i = 0; i < building.network.nodes.size(); ++i) rooms[sets.find(i)];
   const auto nodes = nodesOfRooms(building);
-  const std::vector<bool> isRoom = areRooms(building);
-  for (std::size_t i = 0; i < building.areas.size(); ++i) {
-    if (!isRoom[i]) continue;
+  for (const std::size_t i : roomsOf(building)) {
     const auto node = nodes.find(building.areas[i].id);
     if (node == nodes.end())
       result.withoutNodes.push_back(i);
@@ -98,9 +92,9 @@ NetworkParts networkParts(const Building& building) {
 Summary summarize(const Building& building) {
   Summary summary;
   summary.floors = building.storeys.size();
-  const std::vector<bool> isRoom = areRooms(building);
-  summary.rooms = static_cast<std::size_t>(std::count(isRoom.begin(), isRoom.end(), true));
   const NetworkParts parts = networkParts(building);
+  summary.rooms = parts.withoutNodes.size();
+  for (const auto& rooms : parts.rooms) summary.rooms += rooms.size();
   if (!parts.rooms.empty()) summary.roomsReachable = parts.rooms.front().size();
   summary.doorsGuessed = static_cast<std::size_t>(std::count_if(
       building.doors.begin(), building.doors.end(), [](const Door& door) { return door.guessed; }));
