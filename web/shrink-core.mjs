@@ -33,12 +33,15 @@ if (made(target) < Math.max(...[source, ...tools].map(made))) {
   mkdirSync(path.dirname(target), { recursive: true });
   // An interrupted run leaves no target.
   const [small, named, part, best] = ["small", "named", "part", "best"].map((name) => `${target}.${name}`);
-  rmSync(best, { force: true });
   optimize(source, small, "--generate-global-effects", "-Oz", "--converge");
+  let least = Infinity;
   for (const order of orders) {
     writeFileSync(named, withOrderedNames(readFileSync(small), order));
     optimize(named, part, "--reorder-functions-by-name");
-    if (!existsSync(best) || compressedBytes(part) < compressedBytes(best)) renameSync(part, best);
+    const bytes = compressedBytes(part);
+    if (bytes >= least) continue;
+    least = bytes;
+    renameSync(part, best);
   }
   for (const file of [small, named, part]) rmSync(file, { force: true });
   renameSync(best, target);

@@ -98,19 +98,18 @@ export class OrivantaMapElement extends Base {
   }
 
   #apply(changed: Set<string>): void {
-    try {
-      this.#shown?.apply(this, changed);
-    } catch (error) {
-      if (this.#shown) this.#fail(error); // otherwise, the module has stopped
-    }
+    this.#try((shown) => shown.apply(this, changed));
   }
 
   #close(closed: readonly string[]): void {
-    if (closed.length === 0) return;
+    if (closed.length > 0) this.#try((shown) => shown.close(closed, this));
+  }
+
+  #try(change: (shown: Shown) => void): void {
     try {
-      this.#shown?.close(closed, this);
+      if (this.#shown) change(this.#shown);
     } catch (error) {
-      this.#fail(error);
+      if (this.#shown) this.#fail(error); // otherwise, the module has stopped
     }
   }
 
