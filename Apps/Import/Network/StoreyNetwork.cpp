@@ -15,14 +15,12 @@
 #include "Apps/Import/Network/Attach.hpp"
 #include "Apps/Import/Network/LooseSpots.hpp"
 #include "Apps/Import/Network/MainLines.hpp"
-#include "Apps/Import/Network/Obstacles.hpp"
 #include "Apps/Import/Network/OneWayStops.hpp"
 #include "Apps/Import/Network/Rooms.hpp"
-#include "Apps/Import/Network/Shortcuts.hpp"
 #include "Apps/Import/Network/Sight.hpp"
-#include "Apps/Import/Network/Smooth.hpp"
 #include "Apps/Import/Network/SourceLines.hpp"
 #include "Apps/Import/Network/StaffOnly.hpp"
+#include "Apps/Import/Network/Straighten.hpp"
 #include "Apps/Import/Network/Tidy.hpp"
 
 namespace orivanta::importer {
@@ -66,13 +64,7 @@ class Maker {
     attach.finish();
     rooms_.finish(draft_);
     if (source_) joinSpotsToSource(*source_, spotReach, draft_);
-    if (!source_) {
-      addShortcuts(space_, draft_);
-      joinCrossings(draft_);
-      mergeNearNodes(space_, draft_);
-      smoothBends(space_, draft_);
-      avoidObstacles(draft_, space_, ways_);
-    }
+    if (!source_) straightenWays(space_, ways_, draft_);
     joinSpotsToStops(building_, level_, spotReach, draft_);
     orientStops(entered_, draft_);
     removeUnused(draft_);

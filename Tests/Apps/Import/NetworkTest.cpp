@@ -6,6 +6,7 @@
 #include <random>
 #include <set>
 
+#include "Apps/Import/Network/SharpTurns.hpp"
 #include "Apps/Import/Network/Smooth.hpp"
 
 namespace orivanta::importer {
@@ -334,22 +335,44 @@ TEST(ImportNetwork, SurvivesDamage) {
     }
 }
 
-// A hall of 20 by 6 meters with walls below and above.
+// The network of a way through nodes from door to door in a hall of 20 by 6 meters.
+Draft wayInHall(const std::vector<Point>& points) {
+  Draft draft;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const bool isDoor = i == 0 || i + 1 == points.size();
+    draft.addNode(points[i], isDoor ? NodeKind::door : NodeKind::way, isDoor ? "door" : "", "");
+    if (i > 0)
+      draft.addEdge(static_cast<std::uint32_t>(i - 1), static_cast<std::uint32_t>(i), false);
+  }
+  return draft;
+}
+
 TEST(Network, MovesNodesToBendLess) {
   const Space hall(Shape{{package::rectangle(0.0, 0.0, 20.0, 6.0), {}}});
-  const auto moved = [&](Point middle, Point end) {
-    Draft draft;
-    const auto first = draft.addNode({2.0, 3.0}, NodeKind::door, "door", "door");
-    const auto node = draft.addWay(middle);
-    draft.addEdge(first, node, false);
-    draft.addEdge(node, draft.addNode(end, NodeKind::door, "other", "other"), false);
+  const auto moved = [&](const std::vector<Point>& points) {
+    Draft draft = wayInHall(points);
     smoothBends(hall, draft);
-    return draft.nodes[node].position;
+    return draft;
   };
-  EXPECT_NEAR(moved({10.0, 4.2}, {18.0, 3.0}).y, 3.0, 0.01);
-  EXPECT_EQ(moved({10.0, 5.0}, {18.0, 3.0}).y, 5.0) << "farther than nodes move";
-  EXPECT_EQ(moved({4.0, 3.2}, {4.2, 5.5}).y, 3.2) << "a sharp turn";
-  EXPECT_GE(moved({10.0, 1.5}, {18.0, -0.3}).y, 1.0) << "nearer to the wall than people walk";
+  const Draft straight = moved({{2.0, 3.0}, {7.0, 3.5}, {12.0, 2.5}, {18.0, 3.0}});
+  EXPECT_NEAR(straight.nodes[1].position.y, 3.0, 0.1) << "a zigzag";
+  EXPECT_NEAR(straight.nodes[2].position.y, 3.0, 0.1);
+  const Draft corner = moved({{2.0, 1.5}, {17.0, 1.5}, {17.0, 5.5}});
+  EXPECT_EQ(corner.nodes[1].position.x, 17.0) << "a turn must not be cut off";
+  EXPECT_EQ(corner.nodes[1].position.y, 1.5);
+  const Draft atWall = moved({{2.0, 1.2}, {7.0, 1.5}, {12.0, 0.4}, {18.0, 0.4}});
+  EXPECT_GE(atWall.nodes[1].position.y, 1.0) << "nearer to the wall than people walk";
+}
+
+TEST(Network, CutsOffTurnsThatLeadBack) {
+  const Space hall(Shape{{package::rectangle(0.0, 0.0, 20.0, 6.0), {}}});
+  Draft tip = wayInHall({{2.0, 2.0}, {4.0, 2.0}, {16.0, 3.0}, {8.0, 4.0}, {2.0, 4.0}});
+  cutSharpTurns(hall, tip);
+  ASSERT_EQ(tip.edges.size(), 5U + 1U) << "one end of the cut is in the middle of a line";
+  EXPECT_LT(tip.lengthOf(tip.edges.back()), 5.0);
+  Draft corner = wayInHall({{2.0, 2.0}, {16.0, 2.0}, {14.0, 5.0}});
+  cutSharpTurns(hall, corner);
+  EXPECT_EQ(corner.edges.size(), 2U) << "turns of ordinary corners stay";
 }
 
 }  // namespace orivanta::importer
