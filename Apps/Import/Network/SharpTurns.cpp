@@ -16,10 +16,10 @@ namespace {
 
 using Index = std::uint32_t;
 
-constexpr double turnBack = -0.4;  // the cosine
-constexpr double leastGain = 1.0;  // meters
+constexpr double sharpCosine = -0.6;  // the cosine
+constexpr double leastSaved = 1.0;    // meters
 constexpr double longestCut = 15.0;
-constexpr std::size_t mostLines = 64;  // at a node; all pairs of them may be turns
+constexpr std::size_t mostLinesToCut = 64;  // at a node; all pairs of them may be turns
 
 class Cutter {
  public:
@@ -34,7 +34,7 @@ class Cutter {
   void run() {
     const std::vector<std::vector<Turn>> turns = countTurns(draft_);
     for (Index node = 0; node < turns.size(); ++node)
-      if (draft_.nodes[node].isMovable() && edges_[node].size() <= mostLines)
+      if (draft_.nodes[node].isMovable() && edges_[node].size() <= mostLinesToCut)
         for (const Turn& turn : turns[node]) cut(node, turn);
   }
 
@@ -54,7 +54,7 @@ class Cutter {
     const double first = package::length(toFirst);
     const double second = package::length(toSecond);
     if (first == 0.0 || second == 0.0 ||
-        -package::dot(toFirst, toSecond) > turnBack * first * second)
+        -package::dot(toFirst, toSecond) > sharpCosine * first * second)
       return;
     const auto firstEdge = edgeBetween(node, turn.from);
     const auto secondEdge = edgeBetween(node, turn.to);
@@ -69,7 +69,7 @@ class Cutter {
       const DraftNode a = reach(turn.from, toFirst, first, ofFirst);
       const DraftNode b = reach(turn.to, toSecond, second, ofSecond);
       const double length = package::distance(a.position, b.position);
-      if (length > longestCut || ofFirst + ofSecond - length < leastGain || !sees(space_, a, b))
+      if (length > longestCut || ofFirst + ofSecond - length < leastSaved || !sees(space_, a, b))
         continue;
       const Index from = ofFirst < first ? divide(*firstEdge, a) : turn.from;
       const Index to = ofSecond < second ? divide(*secondEdge, b) : turn.to;

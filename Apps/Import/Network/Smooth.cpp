@@ -17,14 +17,14 @@ namespace {
 
 using Index = std::uint32_t;
 
-constexpr double walkedOff = 1.0;      // meters between walls and moved nodes, where there is room
-constexpr double farthestMove = 4.0;   // meters, in one step
-constexpr double mostShorter = 0.02;   // the share by which ways through a moved node may shrink
-constexpr double leastGain = 0.03;     // the share of the bends that a move must save
-constexpr double unnoticed = 0.2;      // radians; guides announce no such turn
-constexpr double turnBack = 1.75;      // radians; what exceeds it counts more
-constexpr std::size_t mostBends = 96;  // that depend on a node
-constexpr int rounds = 6;
+constexpr double walkedOff = 1.0;       // meters between walls and moved nodes, where there is room
+constexpr double farthestMove = 4.0;    // meters, in one step
+constexpr double mostShorter = 0.02;    // the share by which ways through a moved node may shrink
+constexpr double leastSmoothed = 0.05;  // the share of the bends that a move must save
+constexpr double unnoticed = 0.2;       // radians; guides announce no such turn
+constexpr double turnsBack = 1.75;      // radians; what exceeds it counts more
+constexpr std::size_t mostBends = 96;   // that depend on a node
+constexpr int smoothingRounds = 6;
 
 // A turn of ways at a node or at one of its neighbors.
 struct Bend {
@@ -51,7 +51,7 @@ class Smoother {
   }
 
   void run() {
-    for (int round = 0; round < rounds; ++round)
+    for (int round = 0; round < smoothingRounds; ++round)
       for (Index node = 0; node < draft_.nodes.size(); ++node)
         if (draft_.nodes[node].isMovable() && std::exchange(isChanged_[node], 0) != 0) smooth(node);
   }
@@ -85,7 +85,7 @@ class Smoother {
     const Point in = at(bend.middle) - at(bend.before);
     const Point out = at(bend.after) - at(bend.middle);
     const double angle = std::abs(std::atan2(package::cross(in, out), package::dot(in, out)));
-    double cost = 3.0 * std::max(angle - turnBack, 0.0);
+    double cost = 3.0 * std::max(angle - turnsBack, 0.0);
     if (!bend.withStub) {
       const double root = std::sqrt(std::max(angle - unnoticed, 0.0));
       cost += root * std::sqrt(root) + 0.15 * angle;
@@ -113,7 +113,7 @@ class Smoother {
     const Point old = at(node);
     const double clearance = space_.clearance(old, walkedOff);
     const double shortest = (1.0 - mostShorter) * lengthThrough(node, count);
-    double least = (1.0 - leastGain) * cost();
+    double least = (1.0 - leastSmoothed) * cost();
     if (least == 0.0) return;
     Point best = old;
     bool isBetter = false;

@@ -12,15 +12,15 @@ namespace {
 
 using Index = std::uint32_t;
 
-constexpr Index none = std::numeric_limits<Index>::max();
-constexpr double unknown = std::numeric_limits<double>::infinity();
-constexpr std::size_t mostReached = 200;  // nodes from each end
-constexpr std::size_t mostLines = 2'000;  // examined from each end
-constexpr std::size_t mostTurns = 128;    // at a node
+constexpr Index noNode = std::numeric_limits<Index>::max();
+constexpr double notReached = std::numeric_limits<double>::infinity();
+constexpr std::size_t mostReached = 200;      // nodes from each end
+constexpr std::size_t mostExamined = 2'000;   // examined from each end
+constexpr std::size_t mostTurnsAtNode = 128;  // at a node
 
-class Counter {
+class TurnCounter {
  public:
-  explicit Counter(const Draft& draft)
+  explicit TurnCounter(const Draft& draft)
       : draft_(draft),
         lines_(draft.nodes.size()),
         reached_(draft.nodes.size()),
@@ -54,8 +54,8 @@ class Counter {
     double length;
   };
   struct Reached {
-    double length = unknown;
-    Index before = none;
+    double length = notReached;
+    Index before = noNode;
     Index ends = 0;  // behind the node
     bool isEnd = false;
     bool isClosed = false;  // ways do not lead through the node
@@ -64,8 +64,8 @@ class Counter {
   // Reaches nodes in the order of their distances.
   void search(Index start) {
     for (const Index node : touched_) {
-      reached_[node].length = unknown;
-      reached_[node].before = none;
+      reached_[node].length = notReached;
+      reached_[node].before = noNode;
       reached_[node].ends = 0;
     }
     touched_.assign(1, start);
@@ -75,7 +75,7 @@ class Counter {
     std::priority_queue<Entry, std::vector<Entry>, std::greater<>> open;
     open.emplace(0.0, start);
     std::size_t examined = 0;
-    while (!open.empty() && order_.size() < mostReached && examined < mostLines) {
+    while (!open.empty() && order_.size() < mostReached && examined < mostExamined) {
       const auto [length, node] = open.top();
       open.pop();
       if (length > reached_[node].length) continue;
@@ -86,7 +86,7 @@ class Counter {
         Reached& next = reached_[line.to];
         const double all = length + line.length;
         if (all >= next.length) continue;
-        if (next.length == unknown) touched_.push_back(line.to);
+        if (next.length == notReached) touched_.push_back(line.to);
         next.length = all;
         next.before = node;
         open.emplace(all, line.to);
@@ -116,7 +116,7 @@ class Counter {
     });
     if (known != turns.end())
       known->uses += uses;
-    else if (turns.size() < mostTurns)
+    else if (turns.size() < mostTurnsAtNode)
       turns.push_back({from, to, static_cast<double>(uses)});
   }
 
@@ -130,6 +130,6 @@ class Counter {
 
 }  // namespace
 
-std::vector<std::vector<Turn>> countTurns(const Draft& draft) { return Counter(draft).run(); }
+std::vector<std::vector<Turn>> countTurns(const Draft& draft) { return TurnCounter(draft).run(); }
 
 }  // namespace orivanta::importer
