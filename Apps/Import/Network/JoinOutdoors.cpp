@@ -52,6 +52,7 @@ class OutdoorJoiner {
       if (partOf(from) != partOf(to) && isFree(from, to)) join(from, to, {}, length);
     joinRoundCorners();
     for (const auto& [length, from, to] : candidates) shorten(from, to, length);
+    lines_.cutTurnsBack(walls_);
   }
 
  private:

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "Apps/Import/Network/OutdoorCorners.hpp"
+
 namespace orivanta::importer {
 
 std::size_t OutdoorLines::nodeOf(const OutdoorExit& exit) {
@@ -55,6 +57,28 @@ void OutdoorLines::add(const OutdoorExit& from, const std::vector<Point>& bends,
     last = next;
   }
   addEdge(last, nodeOf(to));
+}
+
+// Only turns at bends and beside them: straight lines between exits stay as they are.
+void OutdoorLines::cutTurnsBack(const SegmentGrid& walls) {
+  std::set<std::size_t> bends;
+  for (const auto& [position, node] : nodesOfBends_) bends.insert(node);
+  std::map<std::size_t, std::vector<std::size_t>> neighbors;
+  for (const auto& [from, to] : edges_) {
+    neighbors[from].push_back(to);
+    neighbors[to].push_back(from);
+  }
+  const std::vector<Node>& nodes = building_.network.nodes;
+  for (const std::size_t bend : bends)
+    for (const std::size_t middle : neighbors[bend])
+      for (const std::size_t other : neighbors[middle]) {
+        const Point in = nodes[middle].position - nodes[bend].position;
+        const Point out = nodes[other].position - nodes[middle].position;
+        constexpr double sharpTurn = -0.17;  // the cosine
+        if (package::dot(in, out) < sharpTurn * package::length(in) * package::length(out) &&
+            isFreeOutdoors(walls, nodes[bend].position, nodes[other].position))
+          addEdge(bend, other);
+      }
 }
 
 }  // namespace orivanta::importer

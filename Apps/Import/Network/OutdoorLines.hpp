@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
+#include "Apps/Import/Geometry/SegmentGrid.hpp"
 #include "Apps/Import/Network/OutdoorExits.hpp"
 
 namespace orivanta::importer {
@@ -24,6 +25,10 @@ class OutdoorLines {
   /// Adds the line from one exit by bends to another. Lines with a bend at the same point share its
   /// node.
   void add(const OutdoorExit& from, const std::vector<Point>& bends, const OutdoorExit& to);
+
+  /// Adds lines past exits at which ways would turn back, from the bend before them to what is
+  /// behind them.
+  void cutTurnsBack(const SegmentGrid& walls);
 
  private:
   std::size_t nodeAt(Point bend, std::size_t exit);

@@ -20,6 +20,7 @@ using Index = std::uint32_t;
 constexpr double walkedOff = 1.0;       // meters between walls and moved nodes, where there is room
 constexpr double farthestMove = 4.0;    // meters, in one step
 constexpr double mostShorter = 0.02;    // the share by which ways through a moved node may shrink
+constexpr double mostLonger = 0.01;  // the share by which they may grow
 constexpr double leastSmoothed = 0.05;  // the share of the bends that a move must save
 constexpr double unnoticed = 0.2;       // radians; guides announce no such turn
 constexpr double turnsBack = 1.75;      // radians; what exceeds it counts more
@@ -112,7 +113,10 @@ class Smoother {
     if (count == 0) return;
     const Point old = at(node);
     const double clearance = space_.clearance(old, walkedOff);
-    const double shortest = (1.0 - mostShorter) * lengthThrough(node, count);
+    const double length = lengthThrough(node, count);
+    const auto keepsLength = [&](double moved) {
+      return moved >= (1.0 - mostShorter) * length && moved <= (1.0 + mostLonger) * length;
+    };
     double least = (1.0 - leastSmoothed) * cost();
     if (least == 0.0) return;
     Point best = old;
@@ -122,7 +126,7 @@ class Smoother {
       for (const double share : {1.0, 0.5, 0.25}) {
         const Point position = old + (foot - old) * share;
         draft_.nodes[node].position = position;
-        if (const double all = cost(); all < least && lengthThrough(node, count) >= shortest &&
+        if (const double all = cost(); all < least && keepsLength(lengthThrough(node, count)) &&
                                        space_.clearance(position, walkedOff) >= clearance &&
                                        seesAll(node)) {
           least = all;
