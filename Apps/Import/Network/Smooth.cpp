@@ -19,8 +19,8 @@ using Index = std::uint32_t;
 
 constexpr double walkedOff = 1.0;       // meters between walls and moved nodes, where there is room
 constexpr double farthestMove = 4.0;    // meters, in one step
-constexpr double mostShorter = 0.02;    // the share by which ways through a moved node may shrink
-constexpr double mostLonger = 0.01;  // the share by which they may grow
+constexpr double mostShorter = 0.025;   // the share by which ways through a moved node may shrink
+constexpr double mostLonger = 0.02;     // the share by which they may grow
 constexpr double leastSmoothed = 0.05;  // the share of the bends that a move must save
 constexpr double unnoticed = 0.2;       // radians; guides announce no such turn
 constexpr double turnsBack = 1.75;      // radians; what exceeds it counts more
