@@ -21,10 +21,7 @@ constexpr std::size_t mostTurnsAtNode = 128;  // at a node
 class TurnCounter {
  public:
   explicit TurnCounter(const Draft& draft)
-      : draft_(draft),
-        lines_(draft.nodes.size()),
-        reached_(draft.nodes.size()),
-        turns_(draft.nodes.size()) {
+      : lines_(draft.nodes.size()), reached_(draft.nodes.size()), turns_(draft.nodes.size()) {
     std::vector<bool> isOnLine(draft.nodes.size());
     for (const DraftEdge& edge : draft.edges) {
       if (edge.inRoom || edge.from == edge.to) continue;
@@ -120,7 +117,6 @@ class TurnCounter {
       turns.push_back({from, to, static_cast<double>(uses)});
   }
 
-  const Draft& draft_;
   std::vector<std::vector<Line>> lines_;
   std::vector<Reached> reached_;
   std::vector<Index> touched_;

@@ -1,6 +1,9 @@
 // Where nothing is drawn to walk on: between buildings, beside paths, around the heads of stairs.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
+#include "Apps/Import/Network/OutdoorLines.hpp"
 #include "Tests/Apps/Import/Plan.hpp"
 
 namespace orivanta::importer {
@@ -50,6 +53,23 @@ TEST(ImportOutdoors, JoinsBuildingsStraightOrRoundCorners) {
                     !contains(area.shape, (plan.building.network.nodes[from].position +
                                            plan.building.network.nodes[to].position) *
                                               0.5));
+  }
+}
+
+// From the exit, a way leads round the point at (-1, 1) to the south, and another one to the west.
+TEST(ImportOutdoors, PassesExitsWithoutTurningBack) {
+  for (const bool hasWall : {true, false}) {
+    Building building;
+    for (const Point point : {Point{0.0, 0.0}, Point{1.0, -10.0}, Point{-20.0, -4.0}})
+      building.network.nodes.push_back({"", NodeKind::door, 0.0, point, "", 0.0});
+    OutdoorLines lines(building);
+    lines.add({0, {0.0, 0.0}}, {{-1.0, 1.0}}, {1, {1.0, -10.0}});
+    lines.add({0, {0.0, 0.0}}, {}, {2, {-20.0, -4.0}});
+    const double height = hasWall ? 5.0 : 90.0;
+    lines.cutTurnsBack(SegmentGrid({{{-10.0, height - 10.0}, {-10.0, height}}}, 0.0));
+    EXPECT_EQ(building.network.edges.size(), hasWall ? 3U : 4U);
+    const Edge last = building.network.edges.back();
+    EXPECT_EQ(std::max(last.from, last.to), hasWall ? 2U : 3U) << "a line at the bend";
   }
 }
 
