@@ -123,9 +123,58 @@ TEST(IndoorGml, NamesTellLessThanElements) {
     cell.name = each.name;
     EXPECT_EQ(statedKind(cell), each.kind) << each.name;
   }
+  for (const auto& [name, function] :
+       {std::pair("Door-2F-13", ""), {"Outdoor", ""}, {"D", "Door"}}) {
+    GmlSpace cell;
+    cell.element = "CellSpace";
+    cell.name = name;
+    cell.function = function;
+    EXPECT_EQ(isGmlDoor(cell), cell.name != "Outdoor") << name;
+  }
   for (const auto& [text, ordinal] : std::map<std::string, double>{
            {"Floor-1", 1}, {"Floor -1", -1}, {"-2", -2}, {"B-1", -1}, {"B2", -2}, {"3F", 3}})
     EXPECT_EQ(ordinalIn(text), ordinal) << text;
+}
+
+// Each storey has a layer of its own, and references have no number sign. A further layer of the
+// same cells is not used.
+TEST(IndoorGml, LayersOfStoreysAreOneNetwork) {
+  const auto dual = [](const std::string& cell, double z) {
+    std::string text = state(cell, z);
+    return text.insert(text.find("<geometry>"), "<duality x:href='" + cell + "'/>");
+  };
+  std::string contents =
+      cell("TransitionSpace", "A", "storey=1", solid(0, 10, 0, "pos", true)) +
+      cell("TransitionSpace", "B", "storey=2", solid(0, 10, 4, "pos", true)) +
+      cell("GeneralSpace", "C", "storey=2", solid(10, 20, 4, "pos", true)) + "<SpaceLayer>" +
+      dual("A", 0) + "</SpaceLayer><SpaceLayer>" + dual("B", 4) + dual("C", 4) +
+      transition("B", "C") + "</SpaceLayer><SpaceLayer>" +
+      "<State g:id='X'><duality x:href='A'/></State></SpaceLayer>" +
+      "<InterLayerConnection><interConnects x:href='SA'/><interConnects x:href='SB'/>"
+      "</InterLayerConnection><InterLayerConnection><interConnects x:href='SA'/>"
+      "<interConnects x:href='X'/></InterLayerConnection>";
+  std::erase(contents, '#');
+  Findings findings;
+  const Building building = read(contents, findings);
+  ASSERT_EQ(building.areas.size(), 3U);
+  EXPECT_EQ(building.areas[0].kind, AreaKind::stairs);  // it leads up, and nowhere else
+  EXPECT_EQ(building.areas[0].connector, building.areas[1].connector);
+  ASSERT_EQ(building.sourceLinks.size(), 1U);
+  EXPECT_EQ(building.sourceLinks[0].kind, LinkKind::stairs);
+  EXPECT_EQ(findings.countOf("network-incomplete"), 0U);
+}
+
+TEST(IndoorGml, DegreesNeedNoReferenceSystem) {
+  std::string contents = cell("GeneralSpace", "A", "storey=1", solid(0, 1, 0, "pos", true));
+  contents =
+      contents.substr(0, contents.find("<cellSpaceGeometry>")) +
+      "<g:Polygon><g:exterior><g:posList srsDimension='2'>8.8 47.2 8.8002 47.2 8.8002 47.2001 "
+      "8.8 47.2</g:posList></g:exterior></g:Polygon></GeneralSpace></cellSpaceMember>";
+  Findings findings;
+  const Building building = read(contents, findings);
+  ASSERT_TRUE(building.georeference);
+  EXPECT_NEAR(building.georeference->latitude, 47.2, 1e-3);
+  EXPECT_GT(std::abs(package::signedArea(building.areas.at(0).shape.at(0).outer)), 80.0);
 }
 
 TEST(IndoorGml, OfARealBuildingIsComplete) {

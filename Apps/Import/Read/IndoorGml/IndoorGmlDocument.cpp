@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "Apps/Import/Read/IndoorGml/GmlNodes.hpp"
@@ -49,6 +50,7 @@ class Reader {
       return true;
     });
     forElementsIn(root, [&](pugi::xml_node element) { return readElement(element); });
+    dropLooseConnections();
     return std::move(result_);
   }
 
@@ -99,11 +101,32 @@ class Reader {
     const std::string_view name = localName(element.name());
     if (member == "cellSpaceMember") return readSpace(element, result_.cells);
     if (member == "cellSpaceBoundaryMember") return readSpace(element, result_.boundaries);
-    if (name == "State") return readState(element);
-    if (name == "Transition") return readTransition(element);
-    // One layer is enough: the others describe the same building for other purposes.
-    if (name == "SpaceLayer") return result_.states.empty();
-    return name != "InterLayerConnection";
+    if (isGmlState(name)) return readState(element);
+    if (name == "Transition" || name == "Edge") return readTransition(element, "connects");
+    if (name == "SpaceLayer" || name == "DualSpaceLayer") return isUsed(element);
+    return name != "InterLayerConnection" || readTransition(element, "interConnects");
+  }
+
+  // One layer is enough if the others describe the same building for other purposes. Those of
+  // further storeys have other cells.
+  bool isUsed(pugi::xml_node layer) {
+    const std::vector<std::string> cells = cellsOfLayer(layer);
+    const auto isKnown = [&](const std::string& cell) { return cellsOfLayers_.contains(cell); };
+    if (!result_.states.empty() &&
+        (cells.empty() || std::any_of(cells.begin(), cells.end(), isKnown)))
+      return false;
+    cellsOfLayers_.insert(cells.begin(), cells.end());
+    return true;
+  }
+
+  // Those between layers of which one is not used are left out.
+  void dropLooseConnections() {
+    std::unordered_set<std::string> states;
+    for (const GmlState& state : result_.states) states.insert(state.id);
+    std::erase_if(result_.transitions, [&](const GmlTransition& each) {
+      return each.joinsLayers &&
+             !(states.contains(each.connects.front()) && states.contains(each.connects.back()));
+    });
   }
 
   bool readSpace(pugi::xml_node element, std::vector<GmlSpace>& spaces) {
@@ -111,28 +134,19 @@ class Reader {
     space.id = attributeOf(element, "id");
     space.element = localName(element.name());
     space.name = childText(element, "name");
+    if (space.name.empty()) space.name = childText(element, "cellSpaceName");
     space.description = childText(element, "description");
     for (const char* key : {"storey", "level", "floor"}) {
       if (space.storey.empty()) space.storey = attributeOf(element, key);
       if (space.storey.empty()) space.storey = childText(element, key);
     }
-    space.function = childText(element, "function");
-    if (space.function.empty()) space.function = childText(element, "class");
+    for (const char* key : {"function", "usage", "class"})
+      if (space.function.empty()) space.function = childText(element, key);
     space.duality = dualityOf(element);
     if (space.id.empty()) space.id = fmt::format("{}-{}", space.element, spaces.size());
     if (!addFaces(element, space.faces, 0)) report(space.id, "A face of it cannot be read.");
     spaces.push_back(std::move(space));
     return false;
-  }
-
-  std::string dualityOf(pugi::xml_node element) const {
-    for (const pugi::xml_node child : element.children())
-      if (localName(child.name()) == "duality") {
-        if (std::string id = referencedId(child); !id.empty()) return id;
-        for (const pugi::xml_node inner : child.children())
-          if (std::string id = attributeOf(inner, "id"); !id.empty()) return id;
-      }
-    return {};
   }
 
   // Follows references only from elements that stand for a surface.
@@ -200,16 +214,18 @@ class Reader {
     return false;
   }
 
-  bool readTransition(pugi::xml_node element) {
+  bool readTransition(pugi::xml_node element, std::string_view connects) {
     GmlTransition transition;
+    transition.joinsLayers = connects != "connects";
     transition.id = attributeOf(element, "id");
     transition.duality = dualityOf(element);
     for (const pugi::xml_node child : element.children())
-      if (localName(child.name()) == "connects")
+      if (localName(child.name()) == connects)
         if (std::string id = referencedId(child); !id.empty())
           transition.connects.push_back(std::move(id));
     const bool valid = readPositions(element, transition.line);
     count(1 + transition.line.size());
+    if (transition.joinsLayers && transition.connects.size() != 2) return false;
     if (!valid || transition.connects.size() != 2)
       report(transition.id,
              "The transition does not connect two states, or its line cannot be read.");
@@ -224,6 +240,7 @@ class Reader {
   Findings& findings_;
   pugi::xml_document document_;
   std::unordered_map<std::string, pugi::xml_node> byId_;
+  std::unordered_set<std::string> cellsOfLayers_;  // of the states of all used layers
   GmlDocument result_;
 };
 

@@ -53,9 +53,9 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 5> idPairs =
 
 bool isTag(std::string_view key) {
   for (const std::string_view other :
-       {"id", "timestamp", "version", "changeset", "user", "uid", "visible", "meta", "relations",
-        "tainted", "ndrefs", "full_id", "osm_id", "osm_way_id", "osm_type", "osmid", "element",
-        "element_type", "z_order", "other_tags", "all_tags"})
+       {"id",       "timestamp", "version", "changeset",    "user",    "uid",        "visible",
+        "meta",     "relations", "tainted", "ndrefs",       "full_id", "osm_id",     "osm_way_id",
+        "osm_type", "osmid",     "element", "element_type", "z_order", "other_tags", "all_tags"})
     if (key == other) return false;
   return !key.starts_with('@');
 }
@@ -142,8 +142,10 @@ std::optional<OsmObjectId> osmObjectId(const GeoFeature& feature) {
   if (!number) return std::nullopt;
   const GeoGeometry& geometry = feature.geometry;
   if (!geometry.points.empty()) return OsmObjectId{OsmType::node, *number};
-  const bool isRelation = geometry.polygons.size() > 1 || geometry.lines.size() > 1 ||
-                          (!geometry.polygons.empty() && properties.contains("osm_way_id"));
+  const auto& polygons = geometry.polygons;
+  const bool isRelation =
+      polygons.size() > 1 || geometry.lines.size() > 1 ||
+      (!polygons.empty() && (!polygons[0].holes.empty() || properties.contains("osm_way_id")));
   return OsmObjectId{isRelation ? OsmType::relation : OsmType::way, *number};
 }
 

@@ -64,7 +64,7 @@ class LevelFinder {
     takeFootways(things_, touching);
     for (OsmThing& thing : things_) {
       if (thing.isNode() && mayFollow(thing)) takeNodeLevels(thing, touching);
-      if (thing.isLine() && thing.levels.empty() && isLost(*thing.tags))
+      if (thing.levels.empty() && (thing.isLine() ? isLost(*thing.tags) : isLostDoor(thing)))
         findings_.add(levelLost(thing, file_));
     }
   }
@@ -159,6 +159,12 @@ class LevelFinder {
   // Whether a line without a level is surely one of a building.
   static bool isLost(const OsmTags& tags) {
     return !tags.has("level") && !tags.has("repeat_on") && isIndoors(tags);
+  }
+
+  // Whether a node without a level is surely a door within a building that has rooms.
+  static bool isLostDoor(const OsmThing& thing) {
+    return thing.isNode() && thing.building != 0 && thing.tags->has("door") &&
+           !thing.tags->has("level");
   }
 
   static bool includesOwn(const OsmThing& thing, const LevelList& levels) {

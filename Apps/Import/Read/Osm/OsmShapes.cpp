@@ -118,7 +118,11 @@ class Shapes {
     if (!isArea && !lineKind(way.tags)) return;
     Line line = lineOf(way);
     const std::string id = fmt::format("way/{}", way.id);
-    if (line.missing > 0 && isIndoors(way.tags)) reportMissing(id, line.missing);
+    // What is left of an outline without most of its corners is another one.
+    const bool isLost = way.nodes.empty() || (isArea && 2 * line.missing > way.nodes.size());
+    if ((isLost || line.missing > 0) && isIndoors(way.tags))
+      reportMissing(id, line.missing, isLost);
+    if (isLost) return;
     OsmThing thing = begin(id, OsmType::way, way.tags);
     if (isArea && isClosed(line)) {
       const auto holes = holes_.find(way.id);
@@ -192,15 +196,19 @@ class Shapes {
     things_.push_back(std::move(thing));
   }
 
-  void reportMissing(const std::string& id, std::size_t number) {
+  void reportMissing(const std::string& id, std::size_t number, bool isLost) {
     Finding finding;
     finding.rule = "nodes-missing";
     finding.source = id;
     finding.file = data_.file();
     finding.message =
-        fmt::format("The way has {} nodes that the extract does not contain.", number);
-    finding.effect = "It is drawn without them.";
-    finding.advice = "Make the extract with complete ways.";
+        number == 0
+            ? "The way has no nodes."
+            : fmt::format("The way has {} nodes that the extract does not contain.", number);
+    finding.effect = isLost ? "It is left out." : "It is drawn without them.";
+    finding.advice =
+        "Make the extract with complete ways, such as with \"out geom;\" at the end of a query to "
+        "Overpass.";
     findings_.add(std::move(finding));
   }
 
