@@ -3,6 +3,7 @@
 // source, so that findings can name them and a second import changes only what has changed.
 #pragma once
 
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
@@ -88,6 +89,8 @@ struct Area {
   Access access = Access::everybody;
   Wheelchair wheelchair = Wheelchair::unknown;
   Direction direction = Direction::unknown;  ///< for connectors: forward is upward
+  /// The drawn edges of steps. A flight shows them at the ends that are on its own storey.
+  std::vector<std::array<Point, 2>> stepEdges;
 };
 
 enum class DoorKind {

@@ -7,6 +7,7 @@
 #include <set>
 #include <tuple>
 
+#include "Apps/Import/Connectors/StepEdges.hpp"
 #include "Apps/Import/Geometry/Shapes.hpp"
 
 namespace orivanta::importer {
@@ -20,10 +21,11 @@ constexpr double longestGap = 8.0;    // between flights in line
 constexpr double nearGap = 12.0;      // between flights that have no other partner
 constexpr double touchingGap = 1.2;   // between ends that touch
 constexpr double sidewaysOffset = 1.0;
+constexpr double besideWidth = 0.5;
 constexpr std::size_t mostCandidates = 300;
 
 struct Pair {
-  int rank = 0;        // 0 overlap, 1 touch, 2 in line
+  int rank = 0;        // 0 overlap, 1 touch, 2 in line, 3 near, 4 overlap with steps at one end
   double score = 0.0;  // the lower the better
   std::size_t lower = 0;
   std::size_t upper = 0;
@@ -52,13 +54,24 @@ double overlapOf(const Piece& a, const Piece& b) {
   return smaller <= 0.0 ? 0.0 : areaOf(common(a.shape, b.shape)) / smaller;
 }
 
-// Whether both flights have the same axis and one begins where the other ends; then the gap.
+// Whether both flights have the same direction, one lies within the width of the other, and one
+// begins where the other ends; then the gap.
 std::optional<double> gapInLine(const Piece& a, const Piece& b) {
   if (a.box.length < 1.2 * a.box.width || b.box.length < 1.2 * b.box.width) return std::nullopt;
   if (std::abs(dot(a.box.along, b.box.along)) < 0.95) return std::nullopt;
   const Point way = b.box.center - a.box.center;
-  if (std::abs(dot(way, a.box.across())) > sidewaysOffset) return std::nullopt;
+  const double within = std::abs(a.box.width - b.box.width) / 2.0 + besideWidth;
+  if (std::abs(dot(way, a.box.across())) > std::max(sidewaysOffset, within)) return std::nullopt;
   return std::abs(dot(way, a.box.along)) - (a.box.length + b.box.length) / 2.0;
+}
+
+// Whether both show their steps at the same end, as stairs that turn back do, or flights that
+// cross each other.
+bool haveStepsAtOneEnd(const Piece& a, const Piece& b) {
+  constexpr double near = 2.0;  // meters
+  const auto first = onlySideWithSteps(a);
+  const auto second = first ? onlySideWithSteps(b) : std::nullopt;
+  return second && package::distance(*stepsAt(a, *first), *stepsAt(b, *second)) < near;
 }
 
 double endGap(const Piece& a, const Piece& b) {
@@ -76,11 +89,12 @@ std::optional<Pair> match(const std::vector<Piece>& pieces, std::size_t lower, s
   const double reach = (a.box.length + b.box.length) / 2.0 + longestGap + 1.0;
   if (package::distance(a.box.center, b.box.center) > reach) return std::nullopt;
   if (const double overlap = overlapOf(a, b); overlap >= leastOverlap)
-    return Pair{0, -overlap, lower, upper};
+    return Pair{haveStepsAtOneEnd(a, b) ? 4 : 0, -overlap, lower, upper};
   if (a.kind == ConnectorKind::elevator || a.area == nullptr || b.area == nullptr)
     return std::nullopt;
   if (const double gap = endGap(a, b); gap < touchingGap) return Pair{1, gap, lower, upper};
-  if (const auto gap = gapInLine(a, b); gap && *gap<longestGap&& * gap> - 1.0)
+  const double mostBeyond = std::max(1.0, 0.25 * std::min(a.box.length, b.box.length));
+  if (const auto gap = gapInLine(a, b); gap && *gap < longestGap && -*gap < mostBeyond)
     return Pair{2, *gap, lower, upper};
   return std::nullopt;
 }
@@ -166,7 +180,8 @@ using Matcher = std::optional<Pair> (*)(const std::vector<Piece>&, std::size_t, 
 
 void pairAll(const std::vector<Piece>& pieces, const Heights& heights,
              const std::vector<bool>& open, Matcher matcher,
-             std::pair<std::size_t, std::size_t> distances, DisjointSets& sets) {
+             std::pair<std::size_t, std::size_t> distances, DisjointSets& sets,
+             std::span<const PieceIndices> known = {}) {
   std::map<double, std::vector<std::size_t>> byLevel;
   for (std::size_t i = 0; i < pieces.size(); ++i)
     if (open[i]) byLevel[pieces[i].level].push_back(i);
@@ -178,6 +193,10 @@ void pairAll(const std::vector<Piece>& pieces, const Heights& heights,
   };
   std::set<std::size_t> hasUpper;
   std::set<std::size_t> hasLower;
+  for (const auto& [lower, upper] : known) {
+    hasUpper.insert(lower);
+    hasLower.insert(upper);
+  }
   // Neighboring heights first; then flights and lifts that pass a storey.
   for (std::size_t distance = distances.first; distance <= distances.second; ++distance) {
     std::vector<Pair> pairs;
@@ -200,8 +219,9 @@ void pairAll(const std::vector<Piece>& pieces, const Heights& heights,
 }  // namespace
 
 void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
-                 const std::vector<bool>& open, DisjointSets& sets) {
-  pairAll(pieces, heights, open, match, {1, 2}, sets);
+                 const std::vector<bool>& open, DisjointSets& sets,
+                 std::span<const PieceIndices> known) {
+  pairAll(pieces, heights, open, match, {1, 2}, sets, known);
 }
 
 void pairFar(const std::vector<Piece>& pieces, const Heights& heights,

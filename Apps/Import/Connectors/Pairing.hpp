@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "Apps/Import/Connectors/Piece.hpp"
@@ -16,12 +18,16 @@ using Heights = std::vector<std::vector<double>>;
 
 Heights heightsOf(const Building& building);
 
+/// The indices of a lower and an upper piece.
+using PieceIndices = std::pair<std::size_t, std::size_t>;
+
 /// Joins pieces of neighboring heights: elevators that overlap by 20 %; stairs and escalators that
 /// overlap, touch end to end, or lie in line within 8 m, the best pairs first. Then those with one
 /// height between them. A piece that a hint or a list of levels has joined takes part only if
-/// `open` is true for it.
+/// `open` is true for it. A piece of a `known` pair gets no other partner on the same side of it.
 void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
-                 const std::vector<bool>& open, DisjointSets& sets);
+                 const std::vector<bool>& open, DisjointSets& sets,
+                 std::span<const PieceIndices> known);
 
 /// Joins pieces that overlap by half with any number of heights between them. For pieces that lead
 /// nowhere otherwise, such as flights that pass several storeys.

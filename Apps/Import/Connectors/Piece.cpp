@@ -111,6 +111,7 @@ std::optional<Piece> pieceOf(const Area& area) {
   piece.access = area.access;
   piece.wheelchair = area.wheelchair;
   piece.direction = area.direction;
+  piece.stepEdges = area.stepEdges;
   return piece;
 }
 
@@ -138,6 +139,7 @@ void append(Piece& piece, const Piece& other) {
   piece.box = orientedBox(corners);
   if (piece.names.name.empty()) piece.names = other.names;
   piece.access = std::max(piece.access, other.access);
+  piece.stepEdges.insert(piece.stepEdges.end(), other.stepEdges.begin(), other.stepEdges.end());
   if (piece.wheelchair == Wheelchair::unknown) piece.wheelchair = other.wheelchair;
   if (piece.direction == Direction::unknown) piece.direction = other.direction;
 }

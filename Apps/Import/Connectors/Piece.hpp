@@ -1,6 +1,7 @@
 // The drawn parts of connectors, and where they meet the space in which people walk.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,7 +23,8 @@ struct Piece {
   Names names;
   Access access = Access::everybody;
   Wheelchair wheelchair = Wheelchair::unknown;
-  Direction direction = Direction::unknown;  ///< forward is upward
+  Direction direction = Direction::unknown;     ///< forward is upward
+  std::vector<std::array<Point, 2>> stepEdges;  ///< of all areas
 };
 
 /// A side of the box of a piece: the short ones are `start` and `end`.
@@ -36,8 +38,9 @@ struct Contact {
   Side side = Side::start;
   Point position;  ///< on the border
   double length = 0.0;
-  bool door = false;  ///< a door or an opening that the source has drawn
-  bool leaf = false;  ///< it can be shut
+  bool door = false;   ///< a door or an opening that the source has drawn
+  bool leaf = false;   ///< it can be shut
+  bool steps = false;  ///< the edges of steps are drawn at this side
 };
 
 /// The piece of an area; nothing for areas that are no connectors.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "Apps/Import/Connectors/Boarding.hpp"
+#include "Apps/Import/Connectors/StepEdges.hpp"
 #include "Apps/Import/Geometry/Shapes.hpp"
 
 namespace orivanta::importer {
@@ -10,8 +12,6 @@ namespace orivanta::importer {
 namespace {
 
 constexpr double mostOverlap = 0.25;  // of a flight with the space that it leads to
-
-using Contacts = std::vector<Contact>;
 
 const Contact& longest(const Contacts& contacts) {
   return *std::max_element(contacts.begin(), contacts.end(),
@@ -23,31 +23,6 @@ const Contact& farthest(const Contacts& contacts, Point from) {
       contacts.begin(), contacts.end(), [&](const Contact& a, const Contact& b) {
         return package::distance(a.position, from) < package::distance(b.position, from);
       });
-}
-
-// The doors and openings between the piece and other areas on its storey, or else those that lead
-// anywhere.
-Contacts doorsOf(const Piece& piece, const Surroundings& surroundings, bool anywhere) {
-  Contacts contacts;
-  if (piece.area == nullptr) return contacts;
-  for (const Door* door : surroundings.doorsOf(*piece.area))
-    if (door->level == piece.level &&
-        (anywhere || (door->kind != DoorKind::emergency && door->areas.size() >= 2)))
-      contacts.push_back(contactAt(piece, *door));
-  return contacts;
-}
-
-// Doors to other areas, or else the short sides, or else all sides, or else any doors.
-Contacts boardable(const Piece& piece, const Surroundings& surroundings) {
-  Contacts contacts = doorsOf(piece, surroundings, false);
-  if (!contacts.empty()) return contacts;
-  contacts = contactsOf(piece, surroundings.space(piece.level));
-  if (contacts.empty()) return doorsOf(piece, surroundings, true);
-  if (piece.kind == ConnectorKind::elevator) return contacts;
-  Contacts ends;
-  for (const Contact& contact : contacts)
-    if (isShort(contact.side)) ends.push_back(contact);
-  return ends.empty() ? contacts : ends;
 }
 
 Stop stopAt(const Piece& piece, double level, Point position) {
@@ -131,21 +106,6 @@ Point exitOf(const Piece& piece, std::optional<Point> entered, const Surrounding
   return package::distance(start, *entered) > package::distance(end, *entered) ? start : end;
 }
 
-// Two contacts on different sides; opposite sides are better, then long contacts.
-std::optional<std::pair<Contact, Contact>> bestPair(const Contacts& first, const Contacts& second) {
-  std::optional<std::pair<Contact, Contact>> best;
-  double bestScore = 0.0;
-  for (const Contact& a : first)
-    for (const Contact& b : second) {
-      if (a.side == b.side) continue;
-      const double score = std::min(a.length, b.length) * (a.side == opposite(b.side) ? 10.0 : 1.0);
-      if (score <= bestScore) continue;
-      bestScore = score;
-      best = {a, b};
-    }
-  return best;
-}
-
 }  // namespace
 
 std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
@@ -153,16 +113,21 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
   std::vector<Contacts> contacts;
   contacts.reserve(pieces.size());
   for (const Piece* piece : pieces) contacts.push_back(boardable(*piece, surroundings));
-  if (pieces.size() == 2 && pieces[0]->kind != ConnectorKind::elevator && !hasLeaf(contacts[0]) &&
-      !hasLeaf(contacts[1]))
+  std::vector<std::optional<Point>> marked;
+  marked.reserve(pieces.size());
+  for (std::size_t i = 0; i < pieces.size(); ++i)
+    marked.push_back(endWithSteps(*pieces[i], contacts[i]));
+  if (pieces.size() == 2 && !marked[0] && !marked[1] &&
+      pieces[0]->kind != ConnectorKind::elevator && !hasLeaf(contacts[0]) && !hasLeaf(contacts[1]))
     if (const auto ends = oppositeEnds(pieces, contacts, surroundings))
       return {stopAt(*pieces[0], pieces[0]->level, ends->lower),
               stopAt(*pieces[1], pieces[1]->level, ends->upper)};
   std::vector<Stop> stops;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const Piece& piece = *pieces[i];
-    std::optional<Point> end;
-    if (piece.kind != ConnectorKind::elevator && pieces.size() == 2 && !hasLeaf(contacts[i]))
+    std::optional<Point> end = marked[i];
+    if (!end && piece.kind != ConnectorKind::elevator && pieces.size() == 2 &&
+        !hasLeaf(contacts[i]))
       end = outerEnd(piece, *pieces[1 - i], contacts[i], surroundings);
     if (end) {
       stops.push_back(stopAt(piece, piece.level, *end));
@@ -190,9 +155,17 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
   return stops;
 }
 
+bool joinsItsStorey(const Piece& piece, const Surroundings& surroundings) {
+  if (piece.kind == ConnectorKind::elevator || !hasStepsAcross(piece)) return false;
+  const Contacts contacts = boardable(piece, surroundings);
+  const auto pair = bestPair(contacts, contacts);
+  return pair && pair->first.steps && pair->first.side == opposite(pair->second.side);
+}
+
 std::vector<Stop> stopsOnStorey(const Piece& piece, const Surroundings& surroundings) {
   if (piece.area == nullptr) return {};
-  const bool between = doorsOf(piece, surroundings, false).size() >= 2;
+  const bool between =
+      doorsOf(piece, surroundings, false).size() >= 2 || joinsItsStorey(piece, surroundings);
   const Contacts all =
       between ? boardable(piece, surroundings) : contactsOf(piece, surroundings.space(piece.level));
   const auto isAlong = [&](const Contact& contact) {
@@ -212,7 +185,7 @@ std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surround
   const bool between = doorsOf(piece, surroundings, false).size() >= 2;
   const bool flight =
       !between && (piece.kind == ConnectorKind::stairs || piece.kind == ConnectorKind::escalator);
-  if (flight && piece.area != nullptr && !own.empty())
+  if (flight && piece.area != nullptr && !own.empty() && !joinsItsStorey(piece, surroundings))
     for (const int steps : {1, -1, 2, -2})
       for (const double level : surroundings.neighbors(piece.level, steps)) {
         if (shareWithin(piece, surroundings.space(level)) >= mostOverlap) continue;

@@ -18,6 +18,9 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
 /// One stop if it leads nowhere.
 std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surroundings);
 
+/// Whether steps are drawn at two opposite sides of a piece, at both of which people can board it.
+bool joinsItsStorey(const Piece& piece, const Surroundings& surroundings);
+
 /// Two stops on opposite sides of a piece, or on any two sides, where it touches the space of its
 /// storey. Empty if it touches the space on fewer sides, and for escalators beside which people
 /// walk along.

@@ -152,6 +152,61 @@ TEST(Connectors, FlightsLeadFromSpaceToSpace) {
   }
 }
 
+// Two flights that cross each other, each drawn on both storeys up to where the other one lies
+// above it: steps are drawn only where one enters.
+TEST(Connectors, FlightsAreEnteredWhereStepsAreDrawn) {
+  Building building = halls(2);
+  const auto addFlight = [&](double level, double bottom, double top, double steps) {
+    add(building, AreaKind::stairs, level, box(8, bottom, 10, top));
+    building.areas.back().stepEdges = {{Point{8, steps}, Point{10, steps}}};
+  };
+  addFlight(0, 5, 10, 5.3);
+  addFlight(0, 10.6, 15, 14.7);
+  addFlight(1, 5, 10, 5.3);
+  addFlight(1, 10.6, 15, 14.7);
+  ASSERT_EQ(made(building), "stairs 0 1; stairs 0 1");
+  for (const Connector& connector : building.connectors)
+    EXPECT_NEAR(
+        package::distance(connector.stops[0].spot.position, connector.stops[1].spot.position), 10.0,
+        0.3);
+
+  // Steps along both long sides: they join two parts of the storey, although one end touches a hall
+  // of the next one.
+  Building terrace = halls(1);
+  terrace.storeys.emplace_back().ordinal = 1;
+  add(terrace, AreaKind::walkway, 1, box(0, 13.1, 20, 20));
+  add(terrace, AreaKind::stairs, 0, box(8, 8, 10, 13));
+  terrace.areas.back().stepEdges = {{Point{8.3, 8}, Point{8.3, 13}},
+                                    {Point{9.7, 8}, Point{9.7, 13}}};
+  EXPECT_EQ(made(terrace), "stairs 0 0");
+  terrace.areas.back().stepEdges.clear();
+  EXPECT_EQ(made(terrace), "stairs 0 1");
+}
+
+// Two flights far from each other, but signs name the exit to which both lead. Of another exit,
+// only the lower flight is drawn.
+TEST(Connectors, FlightsLeadToTheExitsOnTheirSigns) {
+  Building building = halls(2);
+  const auto addExit = [&](const char* name, double level, Point position) {
+    Place& exit = building.places.emplace_back();
+    exit.id = name + std::to_string(building.places.size());
+    exit.names.name = name;
+    exit.category = "F108";
+    exit.spots = {{level, position}};
+  };
+  add(building, AreaKind::stairs, 0, box(-6, 1, 0, 3));
+  add(building, AreaKind::stairs, 0, box(-6, 9, 0, 11));
+  add(building, AreaKind::stairs, 1, box(-30, 9, -26, 11));
+  addExit("A1", 0, {-6, 2});
+  addExit("A1", 1, {1, 18});
+  addExit("A2", 0, {-6, 10});
+  addExit("A2", 1, {-30, 10});
+  addExit("A3", 1, {-6, 2});  // the sign at the end of another storey names another exit
+  ASSERT_EQ(made(building), "stairs 0 1; stairs 0 1");
+  EXPECT_NEAR(building.connectors[0].stops[1].spot.position.y, 18.0, 0.1);
+  EXPECT_NEAR(building.connectors[1].stops[1].spot.position.x, -30.0, 0.1);
+}
+
 TEST(Connectors, FollowFromWhatTheSourceSays) {
   Building building = halls(3);
   // A list of levels wins over shapes, doors over contacts.

@@ -61,7 +61,7 @@ class Layer {
 // Two floors: a hall with a hole, a shop named in Shift_JIS, an elevator and stairs.
 void writeShapefiles(const test::TemporaryFolder& folder) {
   const auto path = [&](const char* name) { return folder.path() / name; };
-  for (const char* name : {"S_1_Floor", "S_1_Space", "S_node", "S_link"})
+  for (const char* name : {"S_1_Floor", "S_1_Space", "S_1_Drawing", "S_node", "S_link"})
     folder.write(std::string(name) + ".prj",
                  "PROJCS[\"JGD_2011_Japan_Zone_9\",GEOGCS[\"GCS_JGD_2011\"],PROJECTION["
                  "\"Transverse_Mercator\"],UNIT[\"Meter\",1.0]]");
@@ -75,6 +75,10 @@ void writeShapefiles(const test::TemporaryFolder& folder) {
              {200, 210, 210, 200, 200, 205, 205, 206, 205},
              {"hall", "B029", "f1", "\x95\x73\x96\xBE"}, {0, 5});
   spaces.add(xs, ys, {"shop", "B001", "f2", "\x93\x58"});
+  spaces.add({110, 110, 114, 114, 110}, {200, 202, 202, 200, 200}, {"stairs", "B021", "f1", ""});
+  Layer drawings(path("S_1_Drawing"), SHPT_ARC, {"id", "floor_id"});
+  drawings.add({111, 111}, {200, 202}, {"edge", "f1"});
+  drawings.add({100, 120}, {205, 205}, {"decoration", "f1"});
   Layer nodes(path("S_node"), SHPT_POINT,
               {"NodeID", "floor", "lat", "lon"});  // not the usual names
   nodes.add({100}, {200}, {"n1", "1", "36.0", "139.8"});
@@ -108,7 +112,8 @@ TEST(Stations, AreReadFromShapefiles) {
   const Building building = readStations(files, {}, findings);
   ASSERT_EQ(building.storeys.size(), 2U);
   EXPECT_EQ(building.storeys[1].elevation, 4.0);
-  ASSERT_EQ(building.areas.size(), 2U);
+  ASSERT_EQ(building.areas.size(), 3U);
+  EXPECT_EQ(building.areas[2].stepEdges.size(), 1U);
   EXPECT_EQ(building.areas[0].shape.at(0).holes.size(), 1U);
   ASSERT_EQ(building.places.size(), 1U);
   EXPECT_EQ(building.places[0].names.name, "店");

@@ -42,6 +42,7 @@ class AreaReader {
     findHalls(building_, *finder_);
     forLayers(LayerKind::facility, &AreaReader::addFacility);
     forLayers(LayerKind::opening, &AreaReader::addOpening);
+    forLayers(LayerKind::drawing, &AreaReader::addDrawing);
     if (finder_->isExhausted())
       reportFeature(
           findings_, layers_.front(), {}, Severity::warning, "check-incomplete",
@@ -190,6 +191,21 @@ class AreaReader {
     door.kind = gate ? DoorKind::gate : DoorKind::passage;
     if (!door.names.name.empty()) places_.addOf(door, gate ? "F106" : "F017");
     building_.doors.push_back(std::move(door));
+  }
+
+  // Lines across flights are the edges of steps. Others are decoration.
+  void addDrawing(const StationLayer& layer, StationFeature& feature) {
+    if (feature.geometry.lines.empty()) return;
+    const std::optional<double> level = floors_.levelOf(layer, feature);
+    if (!level) return;
+    for (const std::vector<Point>& line : feature.geometry.lines)
+      for (std::size_t i = 1; i < line.size(); ++i) {
+        const auto flight =
+            finder_->find({*level, (line[i - 1] + line[i]) * 0.5}, [](const Area& area) {
+              return area.kind == AreaKind::stairs || area.kind == AreaKind::escalator;
+            });
+        if (flight) building_.areas[*flight].stepEdges.push_back({line[i - 1], line[i]});
+      }
   }
 
   std::vector<StationLayer>& layers_;

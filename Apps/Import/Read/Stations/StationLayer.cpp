@@ -25,7 +25,7 @@ constexpr std::array knownLayers = {
     KnownLayer{"floor", LayerKind::floor},     KnownLayer{"space", LayerKind::space},
     KnownLayer{"opening", LayerKind::opening}, KnownLayer{"facility", LayerKind::facility},
     KnownLayer{"fixture", LayerKind::fixture}, KnownLayer{"node", LayerKind::node},
-    KnownLayer{"link", LayerKind::link},       KnownLayer{"drawing", LayerKind::other},
+    KnownLayer{"link", LayerKind::link},       KnownLayer{"drawing", LayerKind::drawing},
     KnownLayer{"twsiline", LayerKind::other},  KnownLayer{"twsipoint", LayerKind::other},
     KnownLayer{"segment", LayerKind::other},   KnownLayer{"site", LayerKind::other},
     KnownLayer{"building", LayerKind::other},  KnownLayer{"connect", LayerKind::other},

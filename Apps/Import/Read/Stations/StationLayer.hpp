@@ -66,7 +66,7 @@ class StationFeature {
   std::vector<Field> fields_;
 };
 
-enum class LayerKind { other, floor, space, opening, facility, fixture, node, link };
+enum class LayerKind { other, floor, space, opening, facility, fixture, drawing, node, link };
 
 struct StationLayer {
   LayerKind kind = LayerKind::other;
