@@ -41,10 +41,8 @@ TEST(ImdfDialects, GiveTheSameBuilding) {
         json::object& properties = feature["properties"].as_object();
         for (auto& member : properties)
           if (member.value().is_structured()) member.value() = json::serialize(member.value());
-        for (const char* each : {"id", "feature_type"}) {
-          properties[each] = feature[each];
-          feature.erase(each);
-        }
+        for (const char* each : {"id", "feature_type"}) properties[each] = feature[each];
+        for (const char* each : {"id", "feature_type"}) feature.erase(each);
       },
       // Two programs that write UUIDs differently.
       [](json::object& feature) {

@@ -76,7 +76,9 @@ LayerKind kindOf(const StationFeature& feature) {
 
 // What the name of the file says. Nothing for a layer with an unknown name.
 std::optional<LayerKind> kindByName(const std::string& file) {
-  const std::string last = lowerCase(partsOf(file).back());
+  std::string last = lowerCase(partsOf(file).back());
+  if (last.ends_with("ies")) last.replace(last.size() - 3, 3, "y");
+  if (last.ends_with('s')) last.pop_back();
   const auto known = std::find_if(knownLayers.begin(), knownLayers.end(),
                                   [&](const KnownLayer& each) { return each.name == last; });
   return known == knownLayers.end() ? std::nullopt : std::optional(known->kind);
@@ -86,7 +88,9 @@ StationLayer describedLayer(const std::string& file, std::vector<StationFeature>
   const std::vector<std::string> parts = partsOf(file);
   StationLayer layer;
   layer.file = file;
-  layer.area = parts.front();
+  // A file that is called only as its layer is has the area as its folder.
+  const std::string folder = std::filesystem::path(file).parent_path().filename().string();
+  layer.area = parts.size() > 1 || folder.empty() ? parts.front() : folder;
   for (const std::string& part : parts)
     if (const auto ordinal = ordinalOf(part)) layer.ordinal = ordinal;
   if (const auto kind = kindByName(file))

@@ -141,6 +141,19 @@ TEST(OsmDialects, LevelsComeFromNumbersAndRelations) {
   EXPECT_EQ(findings.count(), 0U);
 }
 
+TEST(OsmDialects, DoorsMayBeLines) {
+  OsmText text;
+  text.box(1, 0, 0, 5, 5, {{"indoor", "room"}, {"level", "2"}});
+  text.node(2, 1, 5);
+  text.node(3, 3, 5);
+  text.way(2, {2, 3}, {{"indoor", "door"}, {"door", "yes"}, {"level", "2"}});
+  Findings findings;
+  const Building building = readText(text.xml(), findings);
+  ASSERT_EQ(building.doors.size(), 1U);
+  EXPECT_EQ(building.doors[0].id, "way/2");
+  EXPECT_EQ(building.doors[0].level, 2.0);
+}
+
 TEST(OsmDialects, ErrorsTellWhyNothingIsIndoors) {
   OsmText signs;
   signs.box(1, 0, 0, 5, 5, {{"indoor", "room"}, {"level", "EG"}});
