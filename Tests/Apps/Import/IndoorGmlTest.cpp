@@ -137,7 +137,7 @@ TEST(IndoorGml, NamesTellLessThanElements) {
 }
 
 // Each storey has a layer of its own, and references have no number sign. A further layer of the
-// same cells is not used.
+// same cells is not used, nor one with a cell in another one.
 TEST(IndoorGml, LayersOfStoreysAreOneNetwork) {
   const auto dual = [](const std::string& cell, double z) {
     std::string text = state(cell, z);
@@ -146,10 +146,12 @@ TEST(IndoorGml, LayersOfStoreysAreOneNetwork) {
   std::string contents =
       cell("TransitionSpace", "A", "storey=1", solid(0, 10, 0, "pos", true)) +
       cell("TransitionSpace", "B", "storey=2", solid(0, 10, 4, "pos", true)) +
-      cell("GeneralSpace", "C", "storey=2", solid(10, 20, 4, "pos", true)) + "<SpaceLayer>" +
+      cell("GeneralSpace", "C", "storey=2", solid(10, 20, 4, "pos", true)) +
+      cell("GeneralSpace", "Sensor", "storey=2", solid(12, 22, 4, "pos", true)) + "<SpaceLayer>" +
       dual("A", 0) + "</SpaceLayer><SpaceLayer>" + dual("B", 4) + dual("C", 4) +
       transition("B", "C") + "</SpaceLayer><SpaceLayer>" +
-      "<State g:id='X'><duality x:href='A'/></State></SpaceLayer>" +
+      "<State g:id='X'><duality x:href='A'/></State></SpaceLayer><SpaceLayer>" + dual("Sensor", 4) +
+      "</SpaceLayer>" +
       "<InterLayerConnection><interConnects x:href='SA'/><interConnects x:href='SB'/>"
       "</InterLayerConnection><InterLayerConnection><interConnects x:href='SA'/>"
       "<interConnects x:href='X'/></InterLayerConnection>";
@@ -162,6 +164,26 @@ TEST(IndoorGml, LayersOfStoreysAreOneNetwork) {
   ASSERT_EQ(building.sourceLinks.size(), 1U);
   EXPECT_EQ(building.sourceLinks[0].kind, LinkKind::stairs);
   EXPECT_EQ(findings.countOf("network-incomplete"), 0U);
+  EXPECT_EQ(findings.countOf("layer-ignored"), 1U);
+}
+
+// An early version of the standard, without cells.
+TEST(IndoorGml, StatesAloneAreANetworkWithPlaces) {
+  std::string hall = state("1", 0);
+  hall.insert(hall.find("<geometry>"), "<g:name>Hall 1</g:name>");
+  std::string door = state("2", 0);
+  door.insert(door.find("<geometry>"), "<g:name>Door 2</g:name>");
+  door.replace(door.find("5 5"), 3, "8 5");
+  Findings findings;
+  const Building building =
+      read("<MultiLayeredGraph><SpaceLayer>" + hall + door +
+               "<Transition g:id='T'><start x:href='#S1'/><end x:href='#S2'/></Transition>"
+               "</SpaceLayer></MultiLayeredGraph>",
+           findings);
+  EXPECT_EQ(building.sourceLinks.size(), 1U);
+  ASSERT_EQ(building.places.size(), 1U);
+  EXPECT_EQ(building.places[0].names.name, "Hall 1");
+  EXPECT_EQ(building.places[0].spots.size(), 1U);
 }
 
 TEST(IndoorGml, DegreesNeedNoReferenceSystem) {

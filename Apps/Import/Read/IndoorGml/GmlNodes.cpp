@@ -91,16 +91,6 @@ std::string dualityOf(pugi::xml_node node) {
   return {};
 }
 
-std::vector<std::string> cellsOfLayer(pugi::xml_node layer) {
-  std::vector<std::string> cells;
-  forElementsIn(layer, [&](pugi::xml_node element) {
-    if (!isGmlState(localName(element.name()))) return true;
-    if (std::string cell = dualityOf(element); !cell.empty()) cells.push_back(std::move(cell));
-    return false;
-  });
-  return cells;
-}
-
 bool readPositions(pugi::xml_node node, std::vector<GmlPosition>& positions) {
   bool valid = true;
   forElementsIn(node, [&](pugi::xml_node element) {

@@ -47,9 +47,6 @@ inline bool isGmlState(std::string_view name) { return name == "State" || name =
 /// none.
 std::string dualityOf(pugi::xml_node node);
 
-/// The identifiers of the cells of the states within an element.
-std::vector<std::string> cellsOfLayer(pugi::xml_node layer);
-
 /// Appends all positions within an element: of pos, posList and coordinates. Returns false if one
 /// is not two or three finite numbers.
 bool readPositions(pugi::xml_node node, std::vector<GmlPosition>& positions);

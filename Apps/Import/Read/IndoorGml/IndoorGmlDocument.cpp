@@ -3,10 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
+#include "Apps/Import/Read/IndoorGml/GmlLayers.hpp"
 #include "Apps/Import/Read/IndoorGml/GmlNodes.hpp"
 #include "Apps/Import/Read/JsonMembers.hpp"
 #include "Apps/Import/SourceError.hpp"
@@ -50,7 +51,7 @@ class Reader {
       return true;
     });
     forElementsIn(root, [&](pugi::xml_node element) { return readElement(element); });
-    dropLooseConnections();
+    chooseGmlLayers(result_, findings_);
     return std::move(result_);
   }
 
@@ -102,31 +103,10 @@ class Reader {
     if (member == "cellSpaceMember") return readSpace(element, result_.cells);
     if (member == "cellSpaceBoundaryMember") return readSpace(element, result_.boundaries);
     if (isGmlState(name)) return readState(element);
-    if (name == "Transition" || name == "Edge") return readTransition(element, "connects");
-    if (name == "SpaceLayer" || name == "DualSpaceLayer") return isUsed(element);
-    return name != "InterLayerConnection" || readTransition(element, "interConnects");
-  }
-
-  // One layer is enough if the others describe the same building for other purposes. Those of
-  // further storeys have other cells.
-  bool isUsed(pugi::xml_node layer) {
-    const std::vector<std::string> cells = cellsOfLayer(layer);
-    const auto isKnown = [&](const std::string& cell) { return cellsOfLayers_.contains(cell); };
-    if (!result_.states.empty() &&
-        (cells.empty() || std::any_of(cells.begin(), cells.end(), isKnown)))
-      return false;
-    cellsOfLayers_.insert(cells.begin(), cells.end());
-    return true;
-  }
-
-  // Those between layers of which one is not used are left out.
-  void dropLooseConnections() {
-    std::unordered_set<std::string> states;
-    for (const GmlState& state : result_.states) states.insert(state.id);
-    std::erase_if(result_.transitions, [&](const GmlTransition& each) {
-      return each.joinsLayers &&
-             !(states.contains(each.connects.front()) && states.contains(each.connects.back()));
-    });
+    if (name == "Transition" || name == "Edge")
+      return readTransition(element, {"connects", "start", "end"});
+    if (name == "SpaceLayer" || name == "DualSpaceLayer") ++layer_;
+    return name != "InterLayerConnection" || readTransition(element, {"interConnects"});
   }
 
   bool readSpace(pugi::xml_node element, std::vector<GmlSpace>& spaces) {
@@ -204,6 +184,8 @@ class Reader {
   bool readState(pugi::xml_node element) {
     GmlState state;
     state.id = attributeOf(element, "id");
+    state.name = childText(element, "name");
+    state.layer = layer_;
     state.duality = dualityOf(element);
     const bool valid = readPositions(element, state.positions);
     count(1 + state.positions.size());
@@ -214,15 +196,18 @@ class Reader {
     return false;
   }
 
-  bool readTransition(pugi::xml_node element, std::string_view connects) {
+  // `ends`: the names of the elements that name its states, themselves or by an element in them.
+  bool readTransition(pugi::xml_node element, std::initializer_list<std::string_view> ends) {
     GmlTransition transition;
-    transition.joinsLayers = connects != "connects";
+    transition.joinsLayers = ends.size() == 1;
+    transition.layer = layer_;
     transition.id = attributeOf(element, "id");
     transition.duality = dualityOf(element);
     for (const pugi::xml_node child : element.children())
-      if (localName(child.name()) == connects)
-        if (std::string id = referencedId(child); !id.empty())
-          transition.connects.push_back(std::move(id));
+      if (std::find(ends.begin(), ends.end(), localName(child.name())) != ends.end())
+        for (const pugi::xml_node& end : {child, child.first_child()})
+          if (std::string id = referencedId(end); !id.empty())
+            transition.connects.push_back(std::move(id));
     const bool valid = readPositions(element, transition.line);
     count(1 + transition.line.size());
     if (transition.joinsLayers && transition.connects.size() != 2) return false;
@@ -240,7 +225,7 @@ class Reader {
   Findings& findings_;
   pugi::xml_document document_;
   std::unordered_map<std::string, pugi::xml_node> byId_;
-  std::unordered_set<std::string> cellsOfLayers_;  // of the states of all used layers
+  std::size_t layer_ = 0;  // counts them
   GmlDocument result_;
 };
 

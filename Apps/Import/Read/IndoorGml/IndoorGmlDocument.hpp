@@ -37,8 +37,10 @@ struct GmlSpace {
 
 struct GmlState {
   std::string id;
+  std::string name;                    ///< may be empty
   std::string duality;                 ///< the identifier of its cell; may be empty
   std::vector<GmlPosition> positions;  ///< one, or none
+  std::size_t layer = 0;               ///< its number in the document
 };
 
 struct GmlTransition {
@@ -47,6 +49,7 @@ struct GmlTransition {
   std::vector<std::string> connects;  ///< the identifiers of states
   std::vector<GmlPosition> line;      ///< may be empty
   bool joinsLayers = false;           ///< an InterLayerConnection
+  std::size_t layer = 0;              ///< its number in the document
 };
 
 struct GmlDocument {
@@ -55,7 +58,7 @@ struct GmlDocument {
   std::string reference;  ///< the first srsName; may be empty
   std::vector<GmlSpace> cells;
   std::vector<GmlSpace> boundaries;
-  std::vector<GmlState> states;  ///< of the first layer that has any, and of those of other cells
+  std::vector<GmlState> states;  ///< of the layers that `chooseGmlLayers` keeps
   std::vector<GmlTransition> transitions;
 };
 

@@ -41,12 +41,13 @@ Georeference georeferenceOf(OsmPosition position) {
     cause =
         "the positions of its ways are missing, so make the extract with complete ways, such as "
         "with \"out geom;\" at the end of a query to Overpass";
-  for (const Finding& finding : findings.sorted())
-    if (finding.rule == "level-unreadable") {
-      cause = fmt::format("levels cannot be read, as of {}: {} {}", finding.source, finding.message,
-                          finding.advice);
-      break;
-    }
+  for (const Finding& finding : findings.sorted()) {
+    const bool isLevel = finding.rule == "level-unreadable";
+    if (!isLevel && finding.rule != "answer-incomplete") continue;
+    cause = (isLevel ? "levels cannot be read, as of " + finding.source + ": " : "") +
+            finding.message + ' ' + finding.advice;
+    break;
+  }
   throw SourceError(fmt::format("{}: nothing in it is indoors; {}", file, cause));
 }
 

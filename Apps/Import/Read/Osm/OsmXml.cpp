@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "Apps/Import/Read/JsonMembers.hpp"
 #include "Apps/Import/Read/Osm/OsmReading.hpp"
 #include "Apps/Import/Read/Osm/XmlElements.hpp"
 #include "Apps/Import/SourceError.hpp"
@@ -115,8 +116,10 @@ void readXml(const SourceFile& file, OsmData& data, Rest& rest, Findings& findin
   for (std::string_view element; !(element = elements.next()).empty();) {
     const auto result = document.load_buffer(element.data(), element.size(), pugi::parse_default,
                                              pugi::encoding_utf8);
-    const std::string_view cause =
-        result ? addElement(document.document_element(), data, rest) : result.description();
+    const pugi::xml_node root = document.document_element();
+    if (std::string_view(root.name()) == "remark")
+      reportRemark(file.name, std::string(trimmed(root.child_value())), findings);
+    const std::string_view cause = result ? addElement(root, data, rest) : result.description();
     if (!cause.empty())
       reportUnreadable(file.name, fmt::format("The element in line {}", elements.lineOf(element)),
                        std::string(cause), findings);

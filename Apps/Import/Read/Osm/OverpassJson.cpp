@@ -123,6 +123,9 @@ void readElements(const SourceFile& file, const Limits& limits, OsmData& data, R
     throw SourceError(fmt::format(
         "{}: no member \"elements\"; is this an answer of Overpass in JSON?", file.name));
   const json::storage_ptr memory = boundedMemory(limits.bytes / 4);
+  if (const ParsedJson frame = parseJson(elements.frame, memory); frame.value.is_object())
+    if (const auto remark = textOf(frame.value.get_object(), "remark"); !remark.empty())
+      reportRemark(file.name, std::string(remark), findings);
   std::size_t number = 0;
   for (const std::string_view element : elements.features) {
     const std::string place = fmt::format("Element {} of \"elements\"", ++number);

@@ -161,7 +161,9 @@ TEST(OsmDialects, ErrorsTellWhyNothingIsIndoors) {
        {std::pair(signs.xml(), "way/1: The level \"EG\" is no number"),
         {R"({"elements":[{"type":"way","id":1,"center":{"lat":1,"lon":2},"nodes":[1,2,3,1],)"
          R"("tags":{"indoor":"room","level":"0"}}]})",
-         "with \"out geom;\""}}) {
+         "with \"out geom;\""},
+        {R"({"elements":[],"remark":"runtime error: Query timed out"})", "Query timed out"},
+        {"<osm><remark> runtime error: out of memory </remark></osm>", "error: out of memory"}}) {
     Findings findings;
     EXPECT_THAT([&] { readText(text, findings); },
                 testing::ThrowsMessage<SourceError>(testing::HasSubstr(cause)));
