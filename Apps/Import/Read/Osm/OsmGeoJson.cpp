@@ -44,7 +44,7 @@ class Reader {
                           (geometry.polygons.empty() || geometry.polygons[0].holes.empty());
     if (isWay && isSimple)
       return addWay(id.id, geometry.lines.empty() ? geometry.polygons[0].outer : geometry.lines[0],
-                    std::move(tags));
+                    geometry.lines.empty(), std::move(tags));
     if (geometry.polygons.empty()) return;  // a route
     OsmRelation relation{isWay ? --unnamedWay_ : id.id, {}, {}};
     relation.tags.add("type", "multipolygon");
@@ -64,11 +64,12 @@ class Reader {
 
   void addRing(std::int64_t id, const Outline& ring, bool isInner, OsmTags tags,
                OsmRelation& relation) {
-    addWay(id, ring, std::move(tags));
+    addWay(id, ring, true, std::move(tags));
     relation.members.push_back({id, OsmType::way, isInner});
   }
 
-  void addWay(std::int64_t id, const std::vector<Point>& points, OsmTags tags) {
+  // Some programs do not repeat the first point of a ring.
+  void addWay(std::int64_t id, const std::vector<Point>& points, bool isRing, OsmTags tags) {
     OsmWay way{id, {}, std::move(tags)};
     for (const Point point : points) {
       OsmPosition position;
@@ -76,6 +77,8 @@ class Reader {
       way.nodes.push_back(OsmData::unnamedNode(position));
       data_.addNode(way.nodes.back(), point.x, point.y, {});
     }
+    if (isRing && !way.nodes.empty() && way.nodes.front() != way.nodes.back())
+      way.nodes.push_back(way.nodes.front());
     data_.addWay(std::move(way));
   }
 

@@ -127,18 +127,20 @@ TEST(OsmDialects, GeometryOfOverpassNeedsNoNodes) {
 
 TEST(OsmDialects, LevelsComeFromNumbersAndRelations) {
   Findings findings;
-  const Building numbered = readText(
-      R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{"indoor":"room",)"
-      R"("level":1.0},"geometry":{"type":"Polygon","coordinates":[[[8,47],[8.0001,47],[8.0001,)"
-      R"(47.0001],[8,47]]]}}]})",
+  const Building numbered = readText(  // in Windows-1252, with a ring that is not closed
+      "{\"features\":[{\"properties\":{\"indoor\":\"room\",\"level\":1.0,\"name\":\"K\xFC\"},"
+      "\"geometry\":{\"type\":\"Polygon\",\"coordinates\":[[[8,47],[8.0001,47],[8.0001,47.0001]]]}}"
+      "]}",
       findings);
   EXPECT_EQ(numbered.areas.at(0).level, 1.0);
+  EXPECT_EQ(numbered.places.at(0).names.name, "K\u00FC");
+  EXPECT_EQ(findings.countOf("text-not-utf8"), 1U);
 
   OsmText old;
   old.box(1, 0, 0, 5, 5, {{"buildingpart", "room"}});
   old.relation(7, {{"buildingpart", 1}}, {{"type", "level"}, {"level", "-2"}});
   EXPECT_EQ(readText(old.xml(), findings).areas.at(0).level, -2.0);
-  EXPECT_EQ(findings.count(), 0U);
+  EXPECT_EQ(findings.count(), 1U);
 }
 
 TEST(OsmDialects, DoorsMayBeLines) {
