@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <set>
 #include <string>
 
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/IdMap.hpp"
 
 namespace orivanta::importer {
 
@@ -52,24 +52,28 @@ AreaKind areaKindOf(ConnectorKind kind) {
 class LinkGroups {
  public:
   explicit LinkGroups(const Building& building) {
+    nodes_.reserve(building.sourceNodes.size());
     for (const SourceNode& node : building.sourceNodes) nodes_.emplace(node.id, &node);
     for (const Storey& storey : building.storeys)
       elevations_.emplace(storey.ordinal, storey.elevation.value_or(storey.ordinal * 4.0));
     for (const SourceLink& link : building.sourceLinks) {
       if (!nodes_.contains(link.from) || !nodes_.contains(link.to)) continue;
-      if (kindOf(link))
+      if (kindOf(link)) {
         links_.push_back(&link);
-      else
-        walked_.insert({link.from, link.to});
+      } else {
+        walked_.insert(link.from);
+        walked_.insert(link.to);
+      }
     }
   }
 
   std::vector<Connector> connectors() const {
     DisjointSets sets(links_.size());
-    std::map<std::pair<std::string, ConnectorKind>, std::size_t> at;
+    std::map<std::pair<std::string_view, ConnectorKind>, std::size_t> at;
     for (std::size_t i = 0; i < links_.size(); ++i)
-      for (const std::string& node : {links_[i]->from, links_[i]->to}) {
-        const auto [entry, added] = at.emplace(std::pair(node, *kindOf(*links_[i])), i);
+      for (const std::string* node : {&links_[i]->from, &links_[i]->to}) {
+        const auto [entry, added] =
+            at.emplace(std::pair(std::string_view(*node), *kindOf(*links_[i])), i);
         if (!added) sets.join(entry->second, i);
       }
     std::vector<Connector> made;
@@ -111,7 +115,7 @@ class LinkGroups {
     connector.source = first.id;
     bool suitable = false;
     bool unsuitable = false;
-    std::map<std::string, Use> uses;
+    std::map<std::string_view, Use> uses;
     for (const std::size_t i : set) {
       const SourceLink& link = *links_[i];
       suitable = suitable || link.wheelchair == Wheelchair::yes;
@@ -145,10 +149,10 @@ class LinkGroups {
     return connector;
   }
 
-  std::map<std::string, const SourceNode*> nodes_;
+  IdMap<const SourceNode*> nodes_;
   std::map<double, double> elevations_;
   std::vector<const SourceLink*> links_;
-  std::set<std::string> walked_;  // nodes with links that are walked
+  IdSet walked_;  // nodes with links that are walked
 };
 
 }  // namespace

@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <array>
-#include <map>
 #include <set>
 
 #include "Apps/Import/Doors/Doorway.hpp"
 #include "Apps/Import/Doors/GuessDoors.hpp"
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/IdMap.hpp"
 #include "Apps/Import/Stages.hpp"
 
 namespace orivanta::importer {
@@ -97,7 +97,7 @@ class Joiner {
 
 // Removes names of areas that do not exist or lie on other storeys.
 void dropUnknownAreas(Building& building) {
-  std::map<std::string, double> levels;
+  IdMap<double> levels;
   for (const Area& area : building.areas) levels.emplace(area.id, area.level);
   for (Door& door : building.doors)
     std::erase_if(door.areas, [&](const std::string& id) {

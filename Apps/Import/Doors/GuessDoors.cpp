@@ -1,6 +1,8 @@
 #include "Apps/Import/Doors/GuessDoors.hpp"
 
 #include <algorithm>
+#include <boost/unordered/unordered_flat_map.hpp>
+#include <boost/unordered/unordered_flat_set.hpp>
 #include <functional>
 #include <map>
 #include <optional>
@@ -16,6 +18,7 @@
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
+#include "Apps/Import/IdMap.hpp"
 
 namespace orivanta::importer {
 
@@ -40,7 +43,8 @@ class Guess {
       if (area.level == level && isWalked(area, walkways_)) reached_.insert(area.id);
     for (const Door& door : building.doors)
       if (door.level == level) addToGraph(door);
-    for (const std::string& id : std::set<std::string>(reached_)) reachFrom(id);
+    const std::vector<std::string> walkways(reached_.begin(), reached_.end());
+    for (const std::string& id : walkways) reachFrom(id);
   }
 
   void run() {
@@ -62,7 +66,7 @@ class Guess {
       joinToPaths(left);
       joinToReached(left);
     }
-    std::set<std::string> withDoor;
+    boost::unordered_flat_set<std::string> withDoor;
     for (const auto& [id, neighbors] : joined_) withDoor.insert(id);
     addDoorsToNeighbors(left, [&](const std::string& id) { return withDoor.contains(id); });
     for (const Area* room : left)
@@ -126,7 +130,7 @@ class Guess {
 
   // The paths from doors that the source has.
   std::vector<Line> pathsOfDoors(const DoorsToPaths& paths) const {
-    std::map<std::string, const Area*> rooms;
+    IdMap<const Area*> rooms;
     for (const Area& area : building_.areas)
       if (area.level == level_ && isRoom(area)) rooms.emplace(area.id, &area);
     std::vector<Line> lines;
@@ -178,7 +182,7 @@ class Guess {
 
   // Joins rooms with neighbors that are reached, and removes these rooms from the list.
   void joinToReached(std::vector<const Area*>& rooms) {
-    std::set<std::string> buildings;
+    IdSet buildings;
     for (const Area& area : building_.areas)
       if (area.level == level_ && isRoom(area) && isBuilding(area)) buildings.insert(area.id);
     joinToNeighbors(rooms, [&](const std::string& id) {
@@ -220,8 +224,9 @@ class Guess {
   AreaIndex rooms_;
   AreaIndex contents_;
   Entrances entrances_;
-  std::map<std::string, std::vector<std::string>> joined_;  // areas by area, through doors
-  std::set<std::string> reached_;                           // areas, from walkways
+  // Areas by area, through doors.
+  boost::unordered_flat_map<std::string, std::vector<std::string>> joined_;
+  boost::unordered_flat_set<std::string> reached_;  // areas, from walkways
   std::vector<std::string> newlyReached_;
   RoomNeighbors neighbors_;
   std::vector<Door> doors_;

@@ -93,6 +93,7 @@ Fixes Fixes::read(const std::filesystem::path& file) {
 }
 
 void Fixes::apply(Building& building, Findings& findings) {
+  if (corrections_.empty()) return;
   Corrector corrector(building, name_, findings);
   for (const auto& member : corrections_) {
     const std::string id = member.key();

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Apps/Import/Geometry/SegmentGrid.hpp"
+#include "Apps/Import/IdMap.hpp"
 #include "Apps/Import/Network/JoinOutdoors.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -23,6 +24,7 @@ class StoreyJoiner {
   explicit StoreyJoiner(Building& building) : building_(building) {
     for (std::size_t i = 0; i < building.network.nodes.size(); ++i)
       byLevel_[building.network.nodes[i].level].push_back(i);
+    joined_.reserve(building.network.edges.size());
     for (const Edge& edge : building.network.edges) joined_.insert(std::minmax(edge.from, edge.to));
     for (const Door& door : building.doors)
       if (door.kind == DoorKind::entrance) entrances_.insert(door.id);
@@ -43,7 +45,7 @@ class StoreyJoiner {
 
   // The source's own links between the storeys.
   bool joinByLinks(double lower, double upper) {
-    std::map<std::string, std::size_t> ids;
+    IdMap<std::size_t> ids;
     for (const double level : {lower, upper})
       for (const std::size_t i : byLevel_[level]) ids.emplace(building_.network.nodes[i].id, i);
     bool any = false;
@@ -85,7 +87,7 @@ class StoreyJoiner {
 
   Building& building_;
   std::map<double, std::vector<std::size_t>> byLevel_;
-  std::set<std::pair<std::size_t, std::size_t>> joined_;
+  boost::unordered_flat_set<std::pair<std::size_t, std::size_t>> joined_;
   std::set<std::string> entrances_;
 };
 

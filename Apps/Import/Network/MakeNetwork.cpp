@@ -1,8 +1,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <boost/unordered/unordered_flat_map.hpp>
 #include <cmath>
-#include <map>
 #include <numeric>
 #include <set>
 #include <stdexcept>
@@ -36,7 +36,7 @@ class Identifiers {
   }
 
  private:
-  std::map<std::string, int> uses_;
+  boost::unordered_flat_map<std::string, int> uses_;
 };
 
 // Sorted by identifier, so that the order does not depend on how the nodes were found.

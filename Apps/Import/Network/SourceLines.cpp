@@ -1,7 +1,6 @@
 #include "Apps/Import/Network/SourceLines.hpp"
 
 #include <algorithm>
-#include <boost/unordered/unordered_flat_map.hpp>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -10,6 +9,7 @@
 #include <utility>
 
 #include "Apps/Import/Geometry/Space.hpp"
+#include "Apps/Import/IdMap.hpp"
 
 namespace orivanta::importer {
 
@@ -18,7 +18,7 @@ namespace {
 constexpr double samePlace = 0.05;  // meters
 
 // The nodes of a storey by identifier.
-using Positions = boost::unordered_flat_map<std::string_view, Point>;
+using Positions = IdMap<Point>;
 
 Positions positionsOn(const Building& building, double level) {
   Positions positions;
@@ -90,10 +90,12 @@ bool usesSourceLines(const Building& building, double level, NetworkChoice choic
 SourceLines::SourceLines(const Building& building, double level, Draft& draft) {
   const Positions positions = positionsOn(building, level);
   const ConnectorPairs pairs(building, level);
+  IdMap<std::uint32_t> nodes;
   const auto nodeOf = [&](std::string_view id, Point position) {
-    const auto [node, isNew] = nodes_.emplace(id, 0);
+    const auto [node, isNew] = nodes.emplace(id, 0);
     if (isNew)
-      node->second = draft.addNode({position, NodeKind::way, node->first, {}, 0.0, 0.0, 0.0, {}});
+      node->second =
+          draft.addNode({position, NodeKind::way, std::string(id), {}, 0.0, 0.0, 0.0, {}});
     return node->second;
   };
   for (const SourceLink& link : building.sourceLinks) {
@@ -111,8 +113,13 @@ SourceLines::SourceLines(const Building& building, double level, Draft& draft) {
     draft.edges.push_back({first, second, oneWay, false, false});
   }
   addStopNodes(building, level, positions, nodeOf);
+  // By identifier, so that the order in the source does not matter.
+  std::vector<std::pair<std::string_view, std::uint32_t>> sorted(nodes.begin(), nodes.end());
+  std::sort(sorted.begin(), sorted.end());
   std::vector<Segment> places;
-  for (const auto& [id, index] : nodes_) {
+  places.reserve(sorted.size());
+  indices_.reserve(sorted.size());
+  for (const auto& [id, index] : sorted) {
     indices_.push_back(index);
     places.push_back({draft.nodes[index].position, draft.nodes[index].position});
   }
@@ -148,7 +155,7 @@ std::set<std::string> SourceLines::claimInsides(const std::vector<const Door*>& 
     return found;
   };
   std::map<std::string, std::tuple<double, std::uint32_t, const Area*>> best;  // by room
-  for (const auto& [id, index] : nodes_) {
+  for (const std::uint32_t index : indices_) {
     const DraftNode& node = draft.nodes[index];
     const Area* room = rooms.at(node.position);
     if (room == nullptr || node.kind != NodeKind::way || isAtDoor(*room, node.position)) continue;

@@ -1,7 +1,6 @@
 // The walking network that a source has itself.
 #pragma once
 
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -39,8 +38,8 @@ class SourceLines {
   std::optional<std::uint32_t> freeNodeAt(const Draft& draft, Point point, double within) const;
 
  private:
-  std::map<std::string, std::uint32_t> nodes_;
-  std::vector<std::uint32_t> indices_;  // of the points of the grid, in the draft
+  // In the order of the points of the grid.
+  std::vector<std::uint32_t> indices_;  // in the draft
   std::unique_ptr<SegmentGrid> grid_;
 };
 

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 #include <string>
 
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Findings.hpp"
 #include "Apps/Import/Geometry/SegmentGrid.hpp"
+#include "Apps/Import/IdMap.hpp"
 #include "Apps/Import/Report/ReviewPlaces.hpp"
 #include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/Stages.hpp"
@@ -38,6 +38,7 @@ class Reviewer {
     reviewParts();
     for (const Connector& connector : building_.connectors) reviewConnector(connector);
     reviewUnusedAreas();
+    reviewPlaces(building_, parts_, findings_);
   }
 
  private:
@@ -192,7 +193,7 @@ class Reviewer {
   // Drawn stairs and elevators that no connector shows.
   void reviewUnusedAreas() {
     if (building_.sourceLinks.empty()) return;
-    std::set<std::string> used;
+    IdSet used;
     for (const Connector& connector : building_.connectors)
       for (const Stop& stop : connector.stops) used.insert(stop.area);
     for (const Area& area : building_.areas) {
@@ -220,15 +221,14 @@ class Reviewer {
   NetworkParts parts_;
   std::vector<const Connector*> loose_;  // for each part; may be null
   std::map<double, std::string> storeys_;
-  std::map<std::string, const Place*> places_;
-  std::set<std::string> withDoors_;
+  IdMap<const Place*> places_;
+  IdSet withDoors_;
 };
 
 }  // namespace
 
 void reviewBuilding(const Building& building, Findings& findings) {
   Reviewer(building, findings).review();
-  reviewPlaces(building, findings);
 }
 
 }  // namespace orivanta::importer

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
+#include "Apps/Import/IdMap.hpp"
 #include "Apps/Import/Report/Summary.hpp"
 
 namespace orivanta::importer {
@@ -20,8 +20,8 @@ struct Unreached {
 };
 
 // The areas and places with a node in the main part of the network.
-std::set<std::string> reachedIn(const Building& building, const NetworkParts& parts) {
-  std::set<std::string> reached;
+IdSet reachedIn(const Building& building, const NetworkParts& parts) {
+  IdSet reached;
   for (std::size_t i = 0; i < parts.partOf.size(); ++i) {
     const Node& node = building.network.nodes[i];
     if (parts.partOf[i] == 0 && (node.kind == NodeKind::inside || node.kind == NodeKind::spot))
@@ -50,12 +50,11 @@ std::string listOf(const std::vector<Unreached>& places) {
 
 }  // namespace
 
-void reviewPlaces(const Building& building, Findings& findings) {
-  const NetworkParts parts = networkParts(building);
+void reviewPlaces(const Building& building, const NetworkParts& parts, Findings& findings) {
   if (parts.rooms.empty() || parts.rooms.front().empty()) return;
-  const std::set<std::string> reached = reachedIn(building, parts);
+  const IdSet reached = reachedIn(building, parts);
   const auto isReached = [&](const std::string& id) { return reached.contains(id); };
-  std::map<std::string, const Area*> areas;
+  IdMap<const Area*> areas;
   for (const Area& area : building.areas) areas.emplace(area.id, &area);
   std::map<double, std::vector<Unreached>> byLevel;
   for (const Place& place : building.places) {

@@ -9,6 +9,7 @@
 
 #include "Apps/Import/DisjointSets.hpp"
 #include "Apps/Import/Doors/WalkableSpace.hpp"
+#include "Apps/Import/IdMap.hpp"
 
 namespace orivanta::importer {
 
@@ -18,7 +19,7 @@ DisjointSets joinedNodes(const Building& building) {
   const Network& network = building.network;
   DisjointSets sets(network.nodes.size());
   for (const Edge& edge : network.edges) sets.join(edge.from, edge.to);
-  std::map<std::string, std::size_t> connectors;
+  IdMap<std::size_t> connectors;
   for (std::size_t i = 0; i < network.nodes.size(); ++i) {
     if (network.nodes[i].kind != NodeKind::boarding) continue;
     const auto [entry, added] = connectors.emplace(network.nodes[i].of, i);
@@ -28,9 +29,9 @@ DisjointSets joinedNodes(const Building& building) {
 }
 
 // The node by which each room is reached: one inside, or else at a door.
-std::map<std::string, std::size_t> nodesOfRooms(const Building& building) {
-  std::map<std::string, std::size_t> inside;
-  std::map<std::string, std::size_t> atDoor;
+IdMap<std::size_t> nodesOfRooms(const Building& building) {
+  IdMap<std::size_t> inside;
+  IdMap<std::size_t> atDoor;
   for (std::size_t i = 0; i < building.network.nodes.size(); ++i) {
     const Node& node = building.network.nodes[i];
     if (node.kind == NodeKind::inside) inside.emplace(node.of, i);
@@ -64,8 +65,11 @@ std::string counted(std::size_t count, std::string_view one, std::string_view ma
 NetworkParts networkParts(const Building& building) {
   DisjointSets sets = joinedNodes(building);
   NetworkParts result;
-  std::map<std::size_t, std::vector<std::size_t>> rooms;  // by the first node of the part
-  for (std::size_t i = 0; i < building.network.nodes.size(); ++i) rooms[sets.find(i)];
+  const std::size_t count = building.network.nodes.size();
+  std::vector<std::size_t> order;                      // the first node of each part
+  std::vector<std::vector<std::size_t>> rooms(count);  // by the first node of the part
+  for (std::size_t i = 0; i < count; ++i)
+    if (sets.find(i) == i) order.push_back(i);
   const auto nodes = nodesOfRooms(building);
   for (const std::size_t i : roomsOf(building)) {
     const auto node = nodes.find(building.areas[i].id);
@@ -74,18 +78,16 @@ NetworkParts networkParts(const Building& building) {
     else
       rooms[sets.find(node->second)].push_back(i);
   }
-  std::vector<std::size_t> order;
-  order.reserve(rooms.size());
-  for (const auto& [part, list] : rooms) order.push_back(part);
   std::stable_sort(order.begin(), order.end(),
                    [&](std::size_t a, std::size_t b) { return rooms[a].size() > rooms[b].size(); });
-  std::map<std::size_t, std::size_t> numbers;
+  std::vector<std::size_t> numbers(count);
+  result.rooms.reserve(order.size());
   for (const std::size_t part : order) {
-    numbers.emplace(part, result.rooms.size());
-    result.rooms.push_back(rooms[part]);
+    numbers[part] = result.rooms.size();
+    result.rooms.push_back(std::move(rooms[part]));
   }
-  for (std::size_t i = 0; i < building.network.nodes.size(); ++i)
-    result.partOf.push_back(numbers.at(sets.find(i)));
+  result.partOf.reserve(count);
+  for (std::size_t i = 0; i < count; ++i) result.partOf.push_back(numbers[sets.find(i)]);
   return result;
 }
 
