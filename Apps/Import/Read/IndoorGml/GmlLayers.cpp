@@ -90,7 +90,6 @@ class Chooser {
   }
 
   void use(const std::vector<std::size_t>& cells) {
-    if (layers_.size() == 1) return;
     for (const std::size_t cell : cells)
       if (used_.insert(cell).second) boxes_.push_back(boxOf(document_.cells[cell]));
   }
@@ -137,7 +136,12 @@ class Chooser {
 }  // namespace
 
 void chooseGmlLayers(GmlDocument& document, Findings& findings) {
-  Chooser(document, findings).run();
+  const bool isOne =
+      std::all_of(document.states.begin(), document.states.end(),
+                  [&](const GmlState& state) { return state.layer == document.states[0].layer; }) &&
+      std::none_of(document.transitions.begin(), document.transitions.end(),
+                   [](const GmlTransition& each) { return each.joinsLayers; });
+  if (!isOne) Chooser(document, findings).run();
 }
 
 }  // namespace orivanta::importer
