@@ -175,13 +175,13 @@ TEST(OsmDialects, ErrorsTellWhyNothingIsIndoors) {
 TEST(OsmDialects, DoorsBesideTheWallJoinBothSides) {
   for (const double offset : {0.0, 3e-6, -4e-6}) {  // degrees; a third of a meter
     OsmText text;
-    text.box(1, 0, 0, 20, 10, {{"indoor", "room"}, {"level", "0"}});
-    text.box(2, 0, 10, 20, 14, {{"indoor", "corridor"}, {"level", "0"}});
+    text.box(1, 0, 0, 20, 10, {{"indoor", "room"}, {"level", "1"}});
+    text.box(2, 0, 10, 20, 14, {{"indoor", "corridor"}, {"level", "1"}});
+    text.box(3, -1, -1, 21, 15, {{"building", "yes"}});
     std::string xml = text.xml();
-    const std::string door = fmt::format(
-        "<node id='99' lon='13.0001' lat='{:.7f}'><tag k='door' v='yes'/>"
-        "<tag k='level' v='0'/></node>",
-        0.5 + 10e-5 + offset);
+    const std::string door =
+        fmt::format("<node id='99' lon='13.0001' lat='{:.7f}'><tag k='door' v='yes'/></node>",
+                    0.5 + 10e-5 + offset);
     xml.insert(xml.find("<node"), door);
     Findings findings;
     Building building = readText(xml, findings);
