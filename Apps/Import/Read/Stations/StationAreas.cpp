@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -204,7 +205,10 @@ class AreaReader {
             finder_->find({*level, (line[i - 1] + line[i]) * 0.5}, [](const Area& area) {
               return area.kind == AreaKind::stairs || area.kind == AreaKind::escalator;
             });
-        if (flight) building_.areas[*flight].stepEdges.push_back({line[i - 1], line[i]});
+        if (!flight) continue;
+        constexpr std::size_t most = 256;  // more are damage
+        std::vector<std::array<Point, 2>>& edges = building_.areas[*flight].stepEdges;
+        if (edges.size() < most) edges.push_back({line[i - 1], line[i]});
       }
   }
 
