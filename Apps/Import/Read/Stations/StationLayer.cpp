@@ -41,6 +41,11 @@ std::vector<std::string> partsOf(const std::string& file) {
   return parts;
 }
 
+// Names the area of files that are called only as their layers are.
+std::string folderOf(const std::filesystem::path& file) {
+  return (file.has_parent_path() ? file.parent_path().filename() : file.stem()).string();
+}
+
 // The ordinal of "B1", "0" or "2out".
 std::optional<double> ordinalOf(std::string_view text) {
   std::string level = lowerCase(text);
@@ -77,7 +82,6 @@ LayerKind kindOf(const StationFeature& feature) {
 // What the name of the file says. Nothing for a layer with an unknown name.
 std::optional<LayerKind> kindByName(const std::string& file) {
   std::string last = lowerCase(partsOf(file).back());
-  if (last.ends_with("ies")) last.replace(last.size() - 3, 3, "y");
   if (last.ends_with('s')) last.pop_back();
   const auto known = std::find_if(knownLayers.begin(), knownLayers.end(),
                                   [&](const KnownLayer& each) { return each.name == last; });
@@ -88,9 +92,7 @@ StationLayer describedLayer(const std::string& file, std::vector<StationFeature>
   const std::vector<std::string> parts = partsOf(file);
   StationLayer layer;
   layer.file = file;
-  // A file that is called only as its layer is has the area as its folder.
-  const std::string folder = std::filesystem::path(file).parent_path().filename().string();
-  layer.area = parts.size() > 1 || folder.empty() ? parts.front() : folder;
+  layer.area = parts.size() > 1 ? parts.front() : folderOf(file);
   for (const std::string& part : parts)
     if (const auto ordinal = ordinalOf(part)) layer.ordinal = ordinal;
   if (const auto kind = kindByName(file))
