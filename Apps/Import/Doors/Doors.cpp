@@ -29,10 +29,14 @@ class Joiner {
     std::vector<const Area*> near = index_.near(door.position, reach);
     std::erase_if(near, [&](const Area* area) { return distance(*area, door.position) > reach; });
     if (near.empty()) return;
+    const bool wasLoose = door.areas.empty();
     const Point along = wallDirection(door, near);
     const Point across{-along.y, along.x};
     for (const Point side : {across, across * -1.0}) add(door, areaBeside(near, door, side));
     if (door.areas.empty()) add(door, nearest(near, door.position));
+    // A point beside the wall lies within the same area on both sides.
+    if (wasLoose && door.areas.size() == 1 && door.line.empty())
+      for (const Point side : {across, across * -1.0}) add(door, areaBehindWall(near, door, side));
     if (door.kind == DoorKind::door && door.areas.size() == 1 && leadsOutdoors(door, across))
       door.kind = DoorKind::entrance;
   }
@@ -54,6 +58,19 @@ class Joiner {
     for (const double depth : depths) {
       const Area* area = index_.smallestAt(door.position + side * depth);
       if (area != nullptr && std::find(near.begin(), near.end(), area) != near.end()) return area;
+    }
+    return nullptr;
+  }
+
+  // The first area that the door does not join yet.
+  const Area* areaBehindWall(const std::vector<const Area*>& near, const Door& door,
+                             Point side) const {
+    constexpr double thickestWall = 0.5;
+    for (const double depth : depths) {
+      if (depth > thickestWall) break;
+      const Area* area = index_.smallestAt(door.position + side * depth);
+      if (area == nullptr || area->id == door.areas.front()) continue;
+      return std::find(near.begin(), near.end(), area) == near.end() ? nullptr : area;
     }
     return nullptr;
   }

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "Apps/Import/Read/Sources.hpp"
+#include "Apps/Import/Read/TextEncoding.hpp"
 #include "Apps/Import/Read/ZipArchive.hpp"
 #include "Apps/Import/SourceError.hpp"
 
@@ -40,6 +41,12 @@ bool isUsed(std::string_view name) {
   return std::find(usedExtensions.begin(), usedExtensions.end(), extension) != usedExtensions.end();
 }
 
+bool isText(std::string_view name) {
+  const std::string extension = lowerCase(fs::path(name).extension().string());
+  return extension == ".geojson" || extension == ".json" || extension == ".osm" ||
+         extension == ".gml" || extension == ".xml";
+}
+
 std::string nameOf(const fs::path& path) {
   std::error_code error;
   const fs::path whole = fs::absolute(path, error).lexically_normal();
@@ -64,7 +71,11 @@ class FileReader {
     if (lowerCase(path.extension().string()) == ".shp") readCompanions(path);
   }
 
-  std::vector<SourceFile> release() { return std::move(files_); }
+  std::vector<SourceFile> release() {
+    for (SourceFile& file : files_)
+      if (isText(file.name)) decodeText(file.bytes);
+    return std::move(files_);
+  }
 
  private:
   void readBytes(const fs::path& path, SourceFile& file) {

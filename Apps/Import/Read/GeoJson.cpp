@@ -13,6 +13,8 @@
 #include "Apps/Import/Read/GeoJsonGeometry.hpp"
 #include "Apps/Import/Read/JsonText.hpp"
 #include "Apps/Import/Read/PlaneOrigin.hpp"
+#include "Apps/Import/Read/TextEncoding.hpp"
+#include "Apps/Import/Read/TextLines.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
@@ -31,25 +33,6 @@ const json::object* objectOf(const json::object& object, std::string_view key) {
   const json::value* member = object.if_contains({key.data(), key.size()});
   return member == nullptr ? nullptr : member->if_object();
 }
-
-// Counts lines up to positions that are not descending.
-class Lines {
- public:
-  explicit Lines(std::string_view text) : text_(text) {}
-
-  std::size_t at(std::size_t offset) {
-    const auto from = text_.begin() + static_cast<std::ptrdiff_t>(counted_);
-    counted_ = std::max(counted_, std::min(offset, text_.size()));
-    const auto to = text_.begin() + static_cast<std::ptrdiff_t>(counted_);
-    line_ += static_cast<std::size_t>(std::count(from, to, '\n'));
-    return line_;
-  }
-
- private:
-  std::string_view text_;
-  std::size_t counted_ = 0;
-  std::size_t line_ = 1;
-};
 
 constexpr std::size_t bufferBytes = 64U << 10U;
 
@@ -152,6 +135,10 @@ class Reader {
     const auto offset = static_cast<std::size_t>(text.data() - text_.data());
     json::monotonic_resource pieces(buffer_.data(), buffer_.size(), memory_);
     ParsedJson parsed = parseJson(text, &pieces);
+    if (!parsed.error.empty() && !isUtf8(text)) {
+      parsed = parseJson(toUtf8(text, "CP1252"), &pieces);
+      if (parsed.error.empty()) reportEncoding();
+    }
     if (parsed.error.empty()) {
       addFeature(parsed.value, offset);
     } else {
@@ -190,6 +177,17 @@ class Reader {
     if (vertices_ > limits_.vertices) failForSize();
   }
 
+  void reportEncoding() {
+    if (std::exchange(isEncodingReported_, true)) return;
+    Finding finding;
+    finding.rule = "text-not-utf8";
+    finding.file = file_.name;
+    finding.message = "The text is not in UTF-8.";
+    finding.effect = "It is taken as Windows-1252, so letters may be wrong.";
+    finding.advice = "Export the file in UTF-8.";
+    findings_.add(std::move(finding));
+  }
+
   void report(const std::string& id, std::size_t offset, const std::string& message) {
     Finding finding;
     finding.rule = "feature-unreadable";
@@ -207,10 +205,11 @@ class Reader {
   Findings& findings_;
   const UseFeature& use_;
   std::string_view text_;
-  Lines lines_;
+  TextLines lines_;
   json::storage_ptr memory_;
   std::vector<unsigned char> buffer_;  // enough for most features
   bool isSwapped_ = false;
+  bool isEncodingReported_ = false;
   GeoFrame result_;
 };
 

@@ -63,7 +63,8 @@ std::optional<Format> formatOfJson(std::string_view text) {
   if (has(text, {"\"feature_type\""})) return Format::imdf;
   if (has(text, {"\"osm3s\""}) || (has(text, {"\"elements\""}) && !has(text, {"\"features\""})))
     return Format::overpassJson;
-  if (has(text, {"\"@id\"", "\"@type\"", "\"way/", "\"node/", "\"relation/"}))
+  if (has(text, {"\"@id\"", "\"@type\"", "\"way/", "\"node/", "\"relation/", "\"osm_id\"",
+                 "\"osm_way_id\"", "\"osmid\""}))
     return Format::osmGeoJson;
   if (has(text, {"\"floor_id\"", "\"link_id\"", "\"node_id\"", "\"start_id\"", "\"FLOOR_ID\"",
                  "\"LINK_ID\"", "\"NODE_ID\"", "\"floorid\"", "\"linkid\"", "\"nodeid\""}) ||

@@ -29,6 +29,20 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to) {
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
+// Replaces dashes, full-width digits and full-width separators, as they are used in East Asia.
+void writeInAscii(std::string& text) {
+  if (std::all_of(text.begin(), text.end(), [](char each) { return (each & 0x80) == 0; })) return;
+  for (const std::string_view dash :
+       {"\u2010", "\u2011", "\u2012", "\u2013", "\u2014", "\u2212", "\uFF0D"})
+    replaceAll(text, dash, "-");
+  replaceAll(text, "\uFF1B", ";");
+  replaceAll(text, "\uFF0C", ",");
+  for (char digit = '0'; digit <= '9'; ++digit) {
+    const std::string wide = {'\xEF', '\xBC', static_cast<char>('\x90' + (digit - '0'))};
+    replaceAll(text, wide, std::string(1, digit));
+  }
+}
+
 // Takes a number from the front of the text, with blanks around it.
 std::optional<double> takeNumber(std::string_view& text) {
   std::string_view rest = trimmed(text);
@@ -94,8 +108,7 @@ void forEachItem(std::string_view text, char separator, const Use& use) {
 
 Levels parseLevels(std::string_view text) {
   std::string plain(text.substr(0, 4096));
-  for (const std::string_view dash : {"\u2010", "\u2011", "\u2012", "\u2013", "\u2014", "\u2212"})
-    replaceAll(plain, dash, "-");
+  writeInAscii(plain);
   Levels levels;
   const auto add = [&](std::string_view item) {
     if (addItem(item, levels)) return;

@@ -1,3 +1,5 @@
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -5,6 +7,7 @@
 #include <set>
 #include <utility>
 
+#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Stages.hpp"
 #include "Apps/Import/Storeys/EachLevel.hpp"
 #include "Apps/Import/Storeys/Landings.hpp"
@@ -81,10 +84,32 @@ void completeElevations(std::vector<Storey>& storeys, double height) {
   }
 }
 
+// Reports that there is nothing that people walk on or enter, as in a drawing of walls.
+void reportIfEmpty(const Building& building, Findings& findings) {
+  const bool hasAreas =
+      std::any_of(building.areas.begin(), building.areas.end(), [](const Area& area) {
+        return area.kind == AreaKind::room || area.kind == AreaKind::walkway ||
+               area.kind == AreaKind::unknown;
+      });
+  const bool hasPaths = !building.sourceNodes.empty() ||
+                        std::any_of(building.lines.begin(), building.lines.end(),
+                                    [](const Line& line) { return line.kind == LineKind::path; });
+  if (hasAreas || hasPaths) return;
+  const auto walls = std::count_if(building.lines.begin(), building.lines.end(),
+                                   [](const Line& line) { return line.kind == LineKind::wall; });
+  findings.add(makeFinding(
+      Severity::warning, "rooms-missing", "",
+      {walls > 0 ? fmt::format("The source draws {} walls, but no rooms or corridors.", walls)
+                 : "The source draws no rooms or corridors.",
+       "There is nothing to search for, and nowhere to walk.",
+       "Draw the rooms and corridors as areas, even where walls surround them."}));
+}
+
 }  // namespace
 
 void arrangeStoreys(Building& building, const Options& options, Findings& findings) {
   roundLevels(building);
+  reportIfEmpty(building, findings);
   shiftLevels(building, options, findings);
   reportShiftedStoreys(building, findings);
   const StoreyOfLevel storeys = storeysOfLevels(building);

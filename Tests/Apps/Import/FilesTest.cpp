@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "Apps/Import/Read/Sources.hpp"
+#include "Apps/Import/Read/TextEncoding.hpp"
 #include "Apps/Import/SourceError.hpp"
 #include "Tests/Apps/Import/Archive.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -60,6 +61,22 @@ TEST(ImportFiles, AreReadFromFoldersAndArchives) {
   ASSERT_EQ(files.size(), 2U);
   EXPECT_EQ(files[0].name, "mall.zip/unit.geojson");
   EXPECT_EQ(files[1].bytes, "{}");
+}
+
+TEST(ImportFiles, AreConvertedToUtf8) {
+  const std::string declared = "<?xml version='1.0' encoding='EUC-KR'?>\xB9\xE6";
+  const std::string unknown = "<?xml version='1.0' encoding='x-none'?>\xB9";
+  for (const auto& [text, expected] :
+       {std::pair(std::string("\xFF\xFE{\0}\0", 6), std::string("{}")),
+        {std::string("\xFE\xFF\0{\0}", 6), "{}"},
+        {declared, "<?xml version='1.0' encoding='UTF-8'?>\uBC29"},
+        {unknown, unknown},
+        {"<?xml version='1.0' encoding='", "<?xml version='1.0' encoding='"},
+        {"plain \xFC", "plain \xFC"}}) {
+    std::string converted = text;
+    decodeText(converted);
+    EXPECT_EQ(converted, expected);
+  }
 }
 
 TEST(ImportFiles, RefuseWhatIsHostileOrDamaged) {

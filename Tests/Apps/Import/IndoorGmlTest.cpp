@@ -123,9 +123,80 @@ TEST(IndoorGml, NamesTellLessThanElements) {
     cell.name = each.name;
     EXPECT_EQ(statedKind(cell), each.kind) << each.name;
   }
+  for (const auto& [name, function] :
+       {std::pair("Door-2F-13", ""), {"Outdoor", ""}, {"D", "Door"}}) {
+    GmlSpace cell;
+    cell.element = "CellSpace";
+    cell.name = name;
+    cell.function = function;
+    EXPECT_EQ(isGmlDoor(cell), cell.name != "Outdoor") << name;
+  }
   for (const auto& [text, ordinal] : std::map<std::string, double>{
            {"Floor-1", 1}, {"Floor -1", -1}, {"-2", -2}, {"B-1", -1}, {"B2", -2}, {"3F", 3}})
     EXPECT_EQ(ordinalIn(text), ordinal) << text;
+}
+
+// Each storey has a layer of its own, and references have no number sign. A further layer of the
+// same cells is not used, nor one with a cell in another one.
+TEST(IndoorGml, LayersOfStoreysAreOneNetwork) {
+  const auto dual = [](const std::string& cell, double z) {
+    std::string text = state(cell, z);
+    return text.insert(text.find("<geometry>"), "<duality x:href='" + cell + "'/>");
+  };
+  std::string contents =
+      cell("TransitionSpace", "A", "storey=1", solid(0, 10, 0, "pos", true)) +
+      cell("TransitionSpace", "B", "storey=2", solid(0, 10, 4, "pos", true)) +
+      cell("GeneralSpace", "C", "storey=2", solid(10, 20, 4, "pos", true)) +
+      cell("GeneralSpace", "Sensor", "storey=2", solid(12, 22, 4, "pos", true)) + "<SpaceLayer>" +
+      dual("A", 0) + "</SpaceLayer><SpaceLayer>" + dual("B", 4) + dual("C", 4) +
+      transition("B", "C") + "</SpaceLayer><SpaceLayer>" +
+      "<State g:id='X'><duality x:href='A'/></State></SpaceLayer><SpaceLayer>" + dual("Sensor", 4) +
+      "</SpaceLayer>" +
+      "<InterLayerConnection><interConnects x:href='SA'/><interConnects x:href='SB'/>"
+      "</InterLayerConnection><InterLayerConnection><interConnects x:href='SA'/>"
+      "<interConnects x:href='X'/></InterLayerConnection>";
+  std::erase(contents, '#');
+  Findings findings;
+  const Building building = read(contents, findings);
+  ASSERT_EQ(building.areas.size(), 3U);
+  EXPECT_EQ(building.areas[0].kind, AreaKind::stairs);  // it leads up, and nowhere else
+  EXPECT_EQ(building.areas[0].connector, building.areas[1].connector);
+  ASSERT_EQ(building.sourceLinks.size(), 1U);
+  EXPECT_EQ(building.sourceLinks[0].kind, LinkKind::stairs);
+  EXPECT_EQ(findings.countOf("network-incomplete"), 0U);
+  EXPECT_EQ(findings.countOf("layer-ignored"), 1U);
+}
+
+// An early version of the standard, without cells.
+TEST(IndoorGml, StatesAloneAreANetworkWithPlaces) {
+  std::string hall = state("1", 0);
+  hall.insert(hall.find("<geometry>"), "<g:name>Hall 1</g:name>");
+  std::string door = state("2", 0);
+  door.insert(door.find("<geometry>"), "<g:name>Door 2</g:name>");
+  door.replace(door.find("5 5"), 3, "8 5");
+  Findings findings;
+  const Building building =
+      read("<MultiLayeredGraph><SpaceLayer>" + hall + door +
+               "<Transition g:id='T'><start x:href='#S1'/><end x:href='#S2'/></Transition>"
+               "</SpaceLayer></MultiLayeredGraph>",
+           findings);
+  EXPECT_EQ(building.sourceLinks.size(), 1U);
+  ASSERT_EQ(building.places.size(), 1U);
+  EXPECT_EQ(building.places[0].names.name, "Hall 1");
+  EXPECT_EQ(building.places[0].spots.size(), 1U);
+}
+
+TEST(IndoorGml, DegreesNeedNoReferenceSystem) {
+  std::string contents = cell("GeneralSpace", "A", "storey=1", solid(0, 1, 0, "pos", true));
+  contents =
+      contents.substr(0, contents.find("<cellSpaceGeometry>")) +
+      "<g:Polygon><g:exterior><g:posList srsDimension='2'>8.8 47.2 8.8002 47.2 8.8002 47.2001 "
+      "8.8 47.2</g:posList></g:exterior></g:Polygon></GeneralSpace></cellSpaceMember>";
+  Findings findings;
+  const Building building = read(contents, findings);
+  ASSERT_TRUE(building.georeference);
+  EXPECT_NEAR(building.georeference->latitude, 47.2, 1e-3);
+  EXPECT_GT(std::abs(package::signedArea(building.areas.at(0).shape.at(0).outer)), 80.0);
 }
 
 TEST(IndoorGml, OfARealBuildingIsComplete) {

@@ -168,6 +168,25 @@ TEST(Stations, TellDegreesFromMeters) {
               ::testing::ThrowsMessage<SourceError>(HasSubstr("Web Mercator")));
 }
 
+TEST(Stations, LayersAreKnownByTheirNamesAndFields) {
+  const auto layer = [](const char* name, const char* properties, const char* geometry) {
+    return SourceFile{name, std::string(R"({"features":[{"properties":{)") + properties +
+                                R"(},"geometry":{)" + geometry + "}}]}"};
+  };
+  Findings findings;
+  const Building building =
+      readStations({layer("Central/openings.geojson", R"("id":"o","ordinal":-2)",
+                          R"("type":"LineString","coordinates":[[0,0],[1,0]])"),
+                    layer("Central/nodes.geojson", R"("node_id":"n","ordinal":-2)",
+                          R"("type":"Point","coordinates":[-12000,-34000])")},
+                   {}, findings);
+  EXPECT_EQ(building.names.name, "Central");
+  EXPECT_EQ(building.doors.size(), 1U);
+  ASSERT_EQ(building.storeys.size(), 1U);
+  EXPECT_EQ(building.storeys[0].names.name, "地下2階");
+  EXPECT_EQ(building.storeys[0].elevation, -8.0);
+}
+
 TEST(Stations, OfARealStationAreComplete) {
   const std::filesystem::path folder = ORIVANTA_RAW "/jp-shinjuku";
   if (!std::filesystem::exists(folder)) GTEST_SKIP() << folder << " is missing";

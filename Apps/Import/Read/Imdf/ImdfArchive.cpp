@@ -17,6 +17,8 @@ std::string primaryLanguage(const std::string& tag) { return tag.substr(0, tag.f
 
 std::string ImdfFeature::text(std::string_view key) const { return memberText(properties, key); }
 
+std::string ImdfFeature::category() const { return lowerCase(text("category")); }
+
 const ImdfFeature* ImdfArchive::find(const std::string& id, std::string_view type) const {
   const auto found = byId.find(id);
   if (found == byId.end()) return nullptr;

@@ -31,6 +31,8 @@ struct ImdfFeature {
 
   /// The trimmed text of a property; empty if there is none.
   std::string text(std::string_view key) const;
+  /// The property "category" in lower case.
+  std::string category() const;
 };
 
 struct ImdfArchive {
@@ -66,6 +68,9 @@ struct ImdfArchive {
 
 /// The identifiers that a relationship names, in order: origin, intermediary, destination.
 std::vector<std::string> imdfMembers(const ImdfFeature& relationship);
+
+/// Writes references like the identifiers that they mean, if they differ in upper and lower case.
+void matchImdfReferences(ImdfArchive& archive);
 
 /// The part of the reading's progress that is made when all files are read.
 constexpr double imdfFilesShare = 0.6;

@@ -49,6 +49,7 @@ class Reader {
       file.release();
     }
     reportUnknownTypes();
+    matchImdfReferences(archive_);
     place();
     return std::move(archive_);
   }
@@ -123,10 +124,22 @@ class Reader {
     kept.reserve(
         static_cast<std::size_t>(std::count_if(properties.begin(), properties.end(), isKept)));
     for (const auto& member : properties)
-      if (isKept(member)) kept.emplace(member.key(), json::value(member.value(), archive_.memory));
+      if (isKept(member)) kept.emplace(member.key(), unpacked(member.value()));
     return kept;
   }
 
+  // Converters that know only texts and numbers make texts of objects and arrays.
+  json::value unpacked(const json::value& value) const {
+    if (value.is_string()) {
+      const std::string_view text(value.get_string());
+      if (text.starts_with('{') || text.starts_with('['))
+        if (ParsedJson parsed = parseJson(text, archive_.memory); parsed.error.empty())
+          return std::move(parsed.value);
+    }
+    return json::value(value, archive_.memory);
+  }
+
+  // Converters keep only the properties, so that the type and the identifier may be among them.
   std::string typeOf(const SourceFile& file, const GeoFeature& data) {
     const json::value* type = data.members.if_contains("feature_type");
     if (type != nullptr && type->is_string()) {
@@ -135,10 +148,14 @@ class Reader {
     const char* rule = type == nullptr     ? "FeatureMustHaveFeatureType"
                        : type->is_string() ? "FeatureTypeMustNotBeEmpty"
                                            : "FeatureTypeMustBeString";
+    std::string property = memberText(data.properties, "feature_type");
+    const bool isProperty = isImdfType(property);
     report(Severity::violation, rule, file.name, data.id,
            "The feature has no text in \"feature_type\".",
-           "The name of the file is taken as its type.", "Add the type, such as \"unit\".");
-    return std::filesystem::path(fileName(file)).stem().string();
+           isProperty ? "That of its properties is taken."
+                      : "The name of the file is taken as its type.",
+           "Add the type, such as \"unit\".");
+    return isProperty ? property : std::filesystem::path(fileName(file)).stem().string();
   }
 
   std::string idOf(const SourceFile& file, const GeoFeature& data) {
@@ -148,8 +165,10 @@ class Reader {
       const char* rule = member == nullptr      ? "FeatureMustHaveId"
                          : !member->is_string() ? "FeatureIdMustBeString"
                                                 : "FeatureIdMustNotBeEmpty";
+      if (id.empty()) id = memberText(data.properties, "id");
       report(Severity::violation, rule, file.name, id, "The feature has no text in \"id\".",
-             "No other feature can refer to it.", "Give it a UUID.");
+             id.empty() ? "No other feature can refer to it." : "What refers to it may be lost.",
+             "Give it a UUID.");
     }
     if (id.empty()) return fmt::format("{}:{}", file.name, archive_.features.size());
     if (!archive_.byId.contains(id)) return id;

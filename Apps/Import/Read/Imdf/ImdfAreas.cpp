@@ -44,29 +44,29 @@ class AreaReader {
   }
 
   void readUnit(const ImdfFeature& unit) {
-    const std::string category = unit.text("category");
+    const std::string category = unit.category();
     Area* area = add(unit, kindOfUnit(category), "unit:" + category);
     if (area != nullptr && isConnector(area->kind))
       area->names = import_.archive.names(unit.properties, "name");
   }
 
   void readFixture(const ImdfFeature& fixture) {
-    const std::string category = fixture.text("category");
+    const std::string category = fixture.category();
     add(fixture, category == "wall" ? AreaKind::wall : AreaKind::obstacle, "fixture:" + category);
   }
 
   void readOpening(const ImdfFeature& opening) {
     const std::optional<double> level = import_.levelOf(opening);
-    const auto& lines = opening.geometry.lines;
-    if (!level || lines.empty() || lines.front().empty() || !import_.isWithinBounds(opening))
-      return;
+    const auto& [points, lines, polygons] = opening.geometry;
+    const bool isDrawn = !points.empty() || (!lines.empty() && !lines.front().empty());
+    if (!level || !isDrawn || !import_.isWithinBounds(opening)) return;
     Door door;
     door.id = opening.id;
     door.source = opening.id;
     door.kind = kindOf(opening);
     door.level = *level;
-    door.line = lines.front();
-    door.position = middleOf(door.line);
+    if (!lines.empty()) door.line = lines.front();
+    door.position = lines.empty() ? points.front() : middleOf(door.line);
     if (door.line.size() > 1) door.width = lengthOf(door.line);
     door.names = import_.archive.names(opening.properties, "name");
     door.access = accessOf(opening);
@@ -76,7 +76,7 @@ class AreaReader {
   }
 
   static DoorKind kindOf(const ImdfFeature& opening) {
-    const std::string category = opening.text("category");
+    const std::string category = opening.category();
     if (category == "emergencyexit") return DoorKind::emergency;
     const auto* door = memberObject(opening.properties, "door");
     const std::string type = door == nullptr ? "" : memberText(*door, "type");
@@ -86,7 +86,7 @@ class AreaReader {
   }
 
   static Access accessOf(const ImdfFeature& opening) {
-    const std::string category = opening.text("category");
+    const std::string category = opening.category();
     Access access = category == "service" ? Access::staff : Access::everybody;
     for (const std::string& control : memberTexts(opening.properties, "access_control")) {
       if (control == "outofservice") return Access::nobody;

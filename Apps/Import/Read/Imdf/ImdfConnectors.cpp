@@ -92,8 +92,8 @@ class ConnectorReader {
 
  private:
   void readRelationship(const ImdfFeature& relationship) {
-    if (baseOf(relationship.text("category")) == "traversal") return readTraversal(relationship);
-    const std::optional<ConnectorKind> kind = kindOf(relationship.text("category"));
+    if (baseOf(relationship.category()) == "traversal") return readTraversal(relationship);
+    const std::optional<ConnectorKind> kind = kindOf(relationship.category());
     if (!kind) return;
     ConnectorHint hint;
     hint.id = relationship.id;
@@ -145,12 +145,12 @@ class ConnectorReader {
   }
 
   void reportUnclear(const ImdfFeature& relationship) {
-    import_.findings.add(findingFor(
-        import_.archive, relationship,
-        {Severity::warning, "connector-unclear", "intermediary",
-         "The relationship names neither a unit of its category nor two openings.",
-         "The connector is found by the shapes of units, if at all.",
-         "Name the unit of the " + relationship.text("category") + " as intermediary."}));
+    import_.findings.add(
+        findingFor(import_.archive, relationship,
+                   {Severity::warning, "connector-unclear", "intermediary",
+                    "The relationship names neither a unit of its category nor two openings.",
+                    "The connector is found by the shapes of units, if at all.",
+                    "Name the unit of the " + relationship.category() + " as intermediary."}));
   }
 
   // From one unit through an opening into another.
@@ -172,7 +172,7 @@ class ConnectorReader {
   }
 
   void readAmenity(const ImdfFeature& amenity) {
-    const std::optional<ConnectorKind> kind = kindOf(amenity.text("category"));
+    const std::optional<ConnectorKind> kind = kindOf(amenity.category());
     if (!kind || amenity.geometry.points.empty()) return;
     ConnectorHint hint;
     hint.id = amenity.id;

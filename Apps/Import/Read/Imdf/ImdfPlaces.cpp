@@ -39,8 +39,10 @@ class PlaceReader {
     place.id = feature.id;
     place.source = feature.id;
     place.names = import_.archive.names(properties, "name");
-    const std::string category = feature.text("category");
-    place.category = category.empty() ? type : type + ':' + category;
+    const std::string category = feature.category();
+    place.category = !category.empty() ? type + ':' + category
+                     : type == "unit"  ? "unit:room"
+                                       : type;
     place.hours = feature.text("hours");
     place.phone = feature.text("phone");
     place.website = feature.text("website");
@@ -139,14 +141,14 @@ class PlaceReader {
   // Whether the amenity is what the whole unit is: toilets in a unit of toilets, or the only thing
   // in a room of no stated use.
   bool isWhole(const ImdfFeature& amenity, const ImdfFeature& unit) const {
-    const std::string category = unit.text("category");
-    if (baseOf(category) == baseOf(amenity.text("category"))) return true;
+    const std::string category = unit.category();
+    if (baseOf(category) == baseOf(amenity.category())) return true;
     const bool generic = category == "room" || category == "unspecified" || category.empty();
     return generic && amenitiesOfUnit_.at(unit.id) == 1;
   }
 
   void readAmenity(const ImdfFeature& amenity) {
-    const AreaKind kind = kindOfUnit(baseOf(amenity.text("category")));
+    const AreaKind kind = kindOfUnit(baseOf(amenity.category()));
     if (isConnector(kind) || !import_.isWithinBounds(amenity)) return;
     Place place = placeOf(amenity, "amenity");
     std::optional<double> level;

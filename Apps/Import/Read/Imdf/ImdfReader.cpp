@@ -151,7 +151,7 @@ Wheelchair imdfWheelchair(const ImdfFeature& feature) {
 Access imdfAccess(const ImdfFeature& feature) {
   const std::string restriction = feature.text("restriction");
   const bool restricted = restriction == "employeesonly" || restriction == "restricted" ||
-                          feature.text("category") == "nonpublic";
+                          feature.category() == "nonpublic";
   return restricted ? Access::staff : Access::everybody;
 }
 

@@ -146,7 +146,8 @@ class ShapeChecker {
     const std::vector<Point>& line = opening.geometry.lines.front();
     const Cover& cover =
         levels_.try_emplace(level, drawn->geometry.polygons, effort_).first->second;
-    if (!std::all_of(line.begin(), line.end(), [&](Point point) { return cover.contains(point); }))
+    if (!drawn->geometry.polygons.empty() &&
+        !std::all_of(line.begin(), line.end(), [&](Point point) { return cover.contains(point); }))
       report(opening, {Severity::violation, "OpeningMustBeCoveredByReferencedLevel", "geometry",
                        "The opening lies outside of its level.", "It may join nothing.",
                        "Move it onto a wall of the level."});

@@ -90,15 +90,19 @@ class TypeChecker {
                                         ? "MustHavePolygonalGeometry"
                                     : rules.type == "detail" ? "MustHaveLinealGeometry"
                                                              : "MustHaveLineStringGeometry";
-    report(feature,
-           {Severity::violation,
-            rules.namedShape ? std::string(rules.title).append(ending) : "geometry-missing",
-            "geometry",
-            fmt::format("The {} is not drawn as {}.", rules.type,
-                        rules.shape == ExpectedShape::polygon ? "a polygon"
-                        : rules.shape == ExpectedShape::point ? "a point"
-                                                              : "a line"),
-            "It is left out.", "Draw it, or delete it."});
+    report(
+        feature,
+        {Severity::violation,
+         rules.namedShape ? std::string(rules.title).append(ending) : "geometry-missing",
+         "geometry",
+         fmt::format("The {} is not drawn as {}.", rules.type,
+                     rules.shape == ExpectedShape::polygon ? "a polygon"
+                     : rules.shape == ExpectedShape::point ? "a point"
+                                                           : "a line"),
+         feature.type == "level"                                         ? "Its outline is unknown."
+         : feature.type == "opening" && !feature.geometry.points.empty() ? "Its width is unknown."
+                                                                         : "It is left out.",
+         "Draw it, or delete it."});
   }
 
   const ImdfArchive& archive_;

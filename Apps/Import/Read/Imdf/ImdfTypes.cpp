@@ -60,23 +60,31 @@ struct UnitKind {
   AreaKind kind;
 };
 
+// Those of the standard, and what programs write that do not know it.
 constexpr std::array unitKinds = {
     UnitKind{"brick", AreaKind::wall},
     UnitKind{"column", AreaKind::obstacle},
     UnitKind{"concrete", AreaKind::wall},
+    UnitKind{"corridor", AreaKind::walkway},
     UnitKind{"drywall", AreaKind::wall},
     UnitKind{"elevator", AreaKind::elevator},
     UnitKind{"escalator", AreaKind::escalator},
     UnitKind{"footbridge", AreaKind::walkway},
     UnitKind{"glass", AreaKind::wall},
+    UnitKind{"hallway", AreaKind::walkway},
+    UnitKind{"lift", AreaKind::elevator},
     UnitKind{"lobby", AreaKind::walkway},
     UnitKind{"movingwalkway", AreaKind::movingWalkway},
     UnitKind{"opentobelow", AreaKind::opening},
     UnitKind{"parking", AreaKind::walkway},
+    UnitKind{"passage", AreaKind::walkway},
     UnitKind{"platform", AreaKind::walkway},
     UnitKind{"ramp", AreaKind::ramp},
     UnitKind{"road", AreaKind::unknown},
+    UnitKind{"staircase", AreaKind::stairs},
     UnitKind{"stairs", AreaKind::stairs},
+    UnitKind{"stairway", AreaKind::stairs},
+    UnitKind{"stairwell", AreaKind::stairs},
     UnitKind{"steps", AreaKind::stairs},
     UnitKind{"structure", AreaKind::wall},
     UnitKind{"terrace", AreaKind::walkway},

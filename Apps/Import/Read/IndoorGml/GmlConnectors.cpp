@@ -49,8 +49,7 @@ class ConnectorReader {
     bool allDrawn = true;
     for (const std::size_t cell : cells) {
       // A cell of no stated kind is what it is joined with. A room with stairs in it stays one.
-      if (import_.areas[cell] && !statedKind(import_.document.cells[cell]))
-        areaOf(cell).kind = kind;
+      if (import_.areas[cell] && isUnstated(cell)) areaOf(cell).kind = kind;
       allDrawn = allDrawn && import_.areas[cell] && isConnector(areaOf(cell).kind);
     }
     if (allDrawn)
@@ -61,6 +60,18 @@ class ConnectorReader {
       }
     else
       addHint(cells, kind);
+  }
+
+  // A TransitionSpace may be a corridor, but that has more than one or two neighbors.
+  bool isUnstated(std::size_t cell) const {
+    constexpr std::size_t mostBesideStairs = 2;
+    const GmlSpace& space = import_.document.cells[cell];
+    if (!statedKind(space)) return true;
+    if (describedKind(space) || space.element != "TransitionSpace") return false;
+    const std::vector<std::size_t>& neighbors = import_.graph.neighbors(cell);
+    return std::count_if(neighbors.begin(), neighbors.end(), [&](std::size_t other) {
+             return import_.levels[other] == import_.levels[cell];
+           }) <= static_cast<std::ptrdiff_t>(mostBesideStairs);
   }
 
   Area& areaOf(std::size_t cell) { return import_.building.areas[*import_.areas[cell]]; }

@@ -40,9 +40,15 @@ std::optional<AreaKind> kindOfWord(const std::string& text) {
 // The last word that is no number or letter tells what it is: an "Elevator Lobby 2" is a lobby, and
 // an "Upstairs Cafe" is none of these. Scripts without blanks have the word anywhere. `alone`:
 // there must be no other words.
-std::optional<AreaKind> kindOfName(const std::string& name, bool alone) {
+constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz";
+
+struct LastWord {
+  std::string_view text;  // of the name; empty if there is none
+  std::size_t count = 0;  // of words with two letters
+};
+
+LastWord lastWordOf(const std::string& name) {
   constexpr std::size_t shortestWord = 4;
-  constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz";
   std::string_view last;
   std::size_t count = 0;
   for (std::size_t at = name.find_first_of(letters); at != name.npos;
@@ -52,7 +58,13 @@ std::optional<AreaKind> kindOfName(const std::string& name, bool alone) {
     if (end - at > 1) ++count;
     at = end;
   }
+  return {last, count};
+}
+
+std::optional<AreaKind> kindOfName(const std::string& name, bool alone) {
+  const auto [last, count] = lastWordOf(name);
   if (alone && count > 1) return std::nullopt;
+  if (last == "lift") return AreaKind::elevator;
   for (std::size_t each = 0; each < wordsInNames; ++each) {
     const std::string_view word = words[each].text;
     const bool isAscii = letters.find(word.front()) != letters.npos;
@@ -62,7 +74,7 @@ std::optional<AreaKind> kindOfName(const std::string& name, bool alone) {
 }
 
 std::string wordOf(const GmlSpace& cell) {
-  for (const char* key : {"indoor", "desc", "type", "usage"})
+  for (const char* key : {"indoor", "desc", "type", "usage", "room"})
     if (std::string word = lowerCase(descriptionValue(cell.description, key)); !word.empty())
       return word;
   return {};
@@ -72,19 +84,27 @@ std::string wordOf(const GmlSpace& cell) {
 
 bool isGmlDoor(const GmlSpace& cell) {
   const std::string word = wordOf(cell);
-  return cell.element == "ConnectionSpace" || cell.element == "AnchorSpace" || word == "door" ||
-         word == "entrance";
+  if (cell.element == "ConnectionSpace" || cell.element == "AnchorSpace" || word == "door" ||
+      word == "entrance" || lowerCase(cell.function) == "door")
+    return true;
+  // Where all cells have the same element, names tell.
+  return cell.element == "CellSpace" && !kindOfWord(word) &&
+         lastWordOf(lowerCase(cell.name)).text == "door";
 }
 
-std::optional<AreaKind> statedKind(const GmlSpace& cell) {
+std::optional<AreaKind> describedKind(const GmlSpace& cell) {
   if (const auto kind = kindOfWord(wordOf(cell))) return kind;
   if (cell.function == "1110") return AreaKind::elevator;
   if (cell.function == "1120") return AreaKind::stairs;
   if (cell.function == "1130") return AreaKind::escalator;
+  if (const auto kind = kindOfWord(lowerCase(cell.function))) return kind;
   // The element tells more than a name, unless the name is nothing but the word.
-  const bool isRoom = cell.element == "GeneralSpace";
-  if (const auto kind = kindOfName(lowerCase(cell.name), isRoom)) return kind;
-  if (isRoom) return AreaKind::room;
+  return kindOfName(lowerCase(cell.name), cell.element == "GeneralSpace");
+}
+
+std::optional<AreaKind> statedKind(const GmlSpace& cell) {
+  if (const auto kind = describedKind(cell)) return kind;
+  if (cell.element == "GeneralSpace") return AreaKind::room;
   if (cell.element == "TransitionSpace") return AreaKind::walkway;
   return std::nullopt;
 }

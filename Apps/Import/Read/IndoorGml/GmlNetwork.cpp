@@ -7,6 +7,7 @@
 
 #include "Apps/Import/Read/IndoorGml/GmlFootprint.hpp"
 #include "Apps/Import/Read/IndoorGml/GmlImport.hpp"
+#include "Apps/Import/Read/IndoorGml/GmlKinds.hpp"
 
 namespace orivanta::importer {
 
@@ -32,14 +33,11 @@ class NetworkReader {
   void read() {
     for (const GmlState& state : import_.document.states) addState(state);
     for (const GmlTransition& transition : import_.document.transitions) addTransition(transition);
+    if (import_.document.cells.empty())
+      for (const GmlState& state : import_.document.states) addPlace(state);
   }
 
  private:
-  struct Place {
-    Spot spot;
-    std::string id;
-  };
-
   Point onPlane(const GmlPosition& position) const {
     return import_.scale.toPlane({position.x, position.y});
   }
@@ -60,6 +58,23 @@ class NetworkReader {
                                                    : import_.storeys.at(state.positions[0].z);
     if (!states_.emplace(state.id, Spot{level, *position}).second) return;
     addNode(state.id, {level, *position});
+  }
+
+  // Where no cells are drawn, the names of states tell what is where.
+  void addPlace(const GmlState& state) {
+    GmlSpace cell;
+    cell.element = "CellSpace";
+    cell.name = state.name;
+    const auto spot = states_.find(state.id);
+    if (cell.name.empty() || cell.name == state.id || spot == states_.end() || isGmlDoor(cell) ||
+        describedKind(cell))
+      return;
+    Place place;
+    place.id = place.source = state.id;
+    place.names.name = state.name;
+    place.category = gmlCategory(cell);
+    place.spots.push_back(spot->second);
+    import_.building.places.push_back(std::move(place));
   }
 
   std::optional<Point> middleOfCell(std::size_t cell) const {

@@ -74,8 +74,21 @@ std::string childText(pugi::xml_node node, std::string_view name) {
 }
 
 std::string referencedId(pugi::xml_node node) {
-  const std::string reference = attributeOf(node, "href");
-  return reference.starts_with('#') ? reference.substr(1) : std::string();
+  std::string reference = attributeOf(node, "href");
+  const std::size_t hash = reference.find('#');
+  if (hash != reference.npos) return reference.substr(hash + 1);
+  // Some programs leave out the number sign.
+  return reference.find("://") == reference.npos ? reference : std::string();
+}
+
+std::string dualityOf(pugi::xml_node node) {
+  for (const pugi::xml_node child : node.children())
+    if (localName(child.name()) == "duality") {
+      if (std::string id = referencedId(child); !id.empty()) return id;
+      for (const pugi::xml_node inner : child.children())
+        if (std::string id = attributeOf(inner, "id"); !id.empty()) return id;
+    }
+  return {};
 }
 
 bool readPositions(pugi::xml_node node, std::vector<GmlPosition>& positions) {

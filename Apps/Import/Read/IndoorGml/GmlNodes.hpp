@@ -36,8 +36,16 @@ std::string attributeOf(pugi::xml_node node, std::string_view name);
 /// The trimmed text of the first child with a local name; empty if there is none.
 std::string childText(pugi::xml_node node, std::string_view name);
 
-/// The identifier that a reference such as "#C1" refers to; empty for another document.
+/// The identifier that a reference such as "#C1" refers to; empty if there is none, or for an
+/// address without a fragment. The number sign may be missing.
 std::string referencedId(pugi::xml_node node);
+
+/// Whether the local name is that of a state, which IndoorGML 2.0 calls a node.
+inline bool isGmlState(std::string_view name) { return name == "State" || name == "Node"; }
+
+/// The identifier of the dual of a cell, a state, a boundary or a transition; empty if there is
+/// none.
+std::string dualityOf(pugi::xml_node node);
 
 /// Appends all positions within an element: of pos, posList and coordinates. Returns false if one
 /// is not two or three finite numbers.

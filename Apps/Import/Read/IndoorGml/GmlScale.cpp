@@ -23,16 +23,42 @@ void forPositions(const GmlDocument& document, const Visit& visit) {
     for (const GmlPosition& position : state.positions) visit(Point{position.x, position.y});
 }
 
-// All of them are degrees, and they lie within a fraction of a degree.
-bool looksLikeDegrees(const GmlDocument& document) {
+struct Extent {
   Point least{1e9, 1e9};
   Point greatest{-1e9, -1e9};
+};
+
+Extent extentOf(const GmlDocument& document) {
+  Extent extent;
   forPositions(document, [&](Point point) {
-    least = {std::min(least.x, point.x), std::min(least.y, point.y)};
-    greatest = {std::max(greatest.x, point.x), std::max(greatest.y, point.y)};
+    extent.least = {std::min(extent.least.x, point.x), std::min(extent.least.y, point.y)};
+    extent.greatest = {std::max(extent.greatest.x, point.x), std::max(extent.greatest.y, point.y)};
   });
+  return extent;
+}
+
+// All of them are degrees, and they lie within a fraction of a degree.
+bool looksLikeDegrees(const Extent& extent, double largest) {
+  const auto& [least, greatest] = extent;
   return least.x >= -180.0 && greatest.x <= 180.0 && least.y >= -180.0 && greatest.y <= 180.0 &&
-         greatest.x - least.x < 0.5 && greatest.y - least.y < 0.5;
+         greatest.x - least.x < largest && greatest.y - least.y < largest;
+}
+
+// No building is so small in any unit, and none is drawn so far from the origin of its plane.
+bool areSurelyDegrees(const Extent& extent) {
+  constexpr double largest = 0.02;
+  return looksLikeDegrees(extent, largest) &&
+         std::max(std::abs(extent.least.x), std::abs(extent.least.y)) > 1.0;
+}
+
+void reportDegrees(const GmlDocument& document, Findings& findings) {
+  Finding finding;
+  finding.rule = "scale-guessed";
+  finding.file = document.file;
+  finding.message = "The document does not state its reference system.";
+  finding.effect = "The coordinates are taken as degrees.";
+  finding.advice = "Add srsName=\"EPSG:4326\" to its envelope.";
+  findings.add(std::move(finding));
 }
 
 std::optional<double> doorWidth(const GmlDocument& document) {
@@ -64,14 +90,20 @@ double plausibleUnit(double length, double least, double greatest, double expect
 GmlScale::GmlScale(const GmlDocument& document, const GmlStoreys& storeys, const Options& options,
                    Findings& findings) {
   const CoordinateUnit unit = supportedUnitOf(document.reference);
-  const bool degrees = unit == CoordinateUnit::degrees && looksLikeDegrees(document);
+  const Extent extent = extentOf(document);
+  const bool areUnstated = unit == CoordinateUnit::unknown && areSurelyDegrees(extent);
+  const bool degrees =
+      areUnstated || (unit == CoordinateUnit::degrees && looksLikeDegrees(extent, 0.5));
+  if (areUnstated) reportDegrees(document, findings);
   if (!degrees && unit != CoordinateUnit::meters) guess(document, storeys, options, findings);
   PlaneOrigin middle;
   forPositions(document, [&](Point point) { middle.add(point * metersPerUnit_); });
   origin_ = middle.rounded(degrees ? 0.001 : 10.0);
   if (!degrees) return;
   // The full names of geographic systems have the latitude first.
-  latitudeFirst_ = document.reference.starts_with("urn:") || document.reference.starts_with("http");
+  latitudeFirst_ = areUnstated ? std::abs(extent.least.y) > 90.0
+                               : document.reference.starts_with("urn:") ||
+                                     document.reference.starts_with("http");
   projection_.emplace(latitudeFirst_ ? Georeference{origin_.x, origin_.y}
                                      : Georeference{origin_.y, origin_.x});
 }

@@ -18,18 +18,18 @@ double medianOf(std::vector<double> values) {
   return *middle;
 }
 
-std::string statedText(const GmlSpace& cell) {
-  if (!cell.storey.empty()) return cell.storey;
-  for (const char* key : {"storey", "level", "floor", "story"})
-    if (std::string value = descriptionValue(cell.description, key); !value.empty()) return value;
-  return {};
-}
-
 bool isWordCharacter(char character) {
   return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '_';
 }
 
 }  // namespace
+
+std::string statedStorey(const GmlSpace& cell) {
+  if (!cell.storey.empty()) return cell.storey;
+  for (const char* key : {"storey", "level", "floor", "story"})
+    if (std::string value = descriptionValue(cell.description, key); !value.empty()) return value;
+  return {};
+}
 
 std::string descriptionValue(std::string_view description, std::string_view key) {
   const std::string lower = lowerCase(description);
@@ -77,7 +77,7 @@ void GmlStoreys::readStated(const GmlDocument& document) {
   };
   std::map<double, Found> found;
   for (const GmlSpace& cell : document.cells) {
-    const std::string text = statedText(cell);
+    const std::string text = statedStorey(cell);
     const std::optional<double> ordinal = ordinalIn(text);
     if (!ordinal) continue;
     Found& storey = found[*ordinal];
@@ -140,7 +140,7 @@ void GmlStoreys::measure(const GmlDocument& document) {
 
 double GmlStoreys::of(const GmlSpace& cell) const {
   if (stated_)
-    if (const std::optional<double> ordinal = ordinalIn(statedText(cell))) return *ordinal;
+    if (const std::optional<double> ordinal = ordinalIn(statedStorey(cell))) return *ordinal;
   return at(extentOf(cell.faces).lowest);
 }
 

@@ -18,6 +18,9 @@ std::string descriptionValue(std::string_view description, std::string_view key)
 /// The ordinal in a text such as "1", "B2", "3F" or "1-2" (the first one).
 std::optional<double> ordinalIn(std::string_view text);
 
+/// What a cell says about its storey; empty if it says nothing.
+std::string statedStorey(const GmlSpace& cell);
+
 class GmlStoreys {
  public:
   struct Storey {

@@ -3,9 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <unordered_map>
 #include <utility>
 
+#include "Apps/Import/Read/IndoorGml/GmlLayers.hpp"
 #include "Apps/Import/Read/IndoorGml/GmlNodes.hpp"
 #include "Apps/Import/Read/JsonMembers.hpp"
 #include "Apps/Import/SourceError.hpp"
@@ -49,6 +51,7 @@ class Reader {
       return true;
     });
     forElementsIn(root, [&](pugi::xml_node element) { return readElement(element); });
+    chooseGmlLayers(result_, findings_);
     return std::move(result_);
   }
 
@@ -99,11 +102,11 @@ class Reader {
     const std::string_view name = localName(element.name());
     if (member == "cellSpaceMember") return readSpace(element, result_.cells);
     if (member == "cellSpaceBoundaryMember") return readSpace(element, result_.boundaries);
-    if (name == "State") return readState(element);
-    if (name == "Transition") return readTransition(element);
-    // One layer is enough: the others describe the same building for other purposes.
-    if (name == "SpaceLayer") return result_.states.empty();
-    return name != "InterLayerConnection";
+    if (isGmlState(name)) return readState(element);
+    if (name == "Transition" || name == "Edge")
+      return readTransition(element, {"connects", "start", "end"});
+    if (name == "SpaceLayer" || name == "DualSpaceLayer") ++layer_;
+    return name != "InterLayerConnection" || readTransition(element, {"interConnects"});
   }
 
   bool readSpace(pugi::xml_node element, std::vector<GmlSpace>& spaces) {
@@ -111,28 +114,19 @@ class Reader {
     space.id = attributeOf(element, "id");
     space.element = localName(element.name());
     space.name = childText(element, "name");
+    if (space.name.empty()) space.name = childText(element, "cellSpaceName");
     space.description = childText(element, "description");
     for (const char* key : {"storey", "level", "floor"}) {
       if (space.storey.empty()) space.storey = attributeOf(element, key);
       if (space.storey.empty()) space.storey = childText(element, key);
     }
-    space.function = childText(element, "function");
-    if (space.function.empty()) space.function = childText(element, "class");
+    for (const char* key : {"function", "usage", "class"})
+      if (space.function.empty()) space.function = childText(element, key);
     space.duality = dualityOf(element);
     if (space.id.empty()) space.id = fmt::format("{}-{}", space.element, spaces.size());
     if (!addFaces(element, space.faces, 0)) report(space.id, "A face of it cannot be read.");
     spaces.push_back(std::move(space));
     return false;
-  }
-
-  std::string dualityOf(pugi::xml_node element) const {
-    for (const pugi::xml_node child : element.children())
-      if (localName(child.name()) == "duality") {
-        if (std::string id = referencedId(child); !id.empty()) return id;
-        for (const pugi::xml_node inner : child.children())
-          if (std::string id = attributeOf(inner, "id"); !id.empty()) return id;
-      }
-    return {};
   }
 
   // Follows references only from elements that stand for a surface.
@@ -190,6 +184,8 @@ class Reader {
   bool readState(pugi::xml_node element) {
     GmlState state;
     state.id = attributeOf(element, "id");
+    state.name = childText(element, "name");
+    state.layer = layer_;
     state.duality = dualityOf(element);
     const bool valid = readPositions(element, state.positions);
     count(1 + state.positions.size());
@@ -200,16 +196,21 @@ class Reader {
     return false;
   }
 
-  bool readTransition(pugi::xml_node element) {
+  // `ends`: the names of the elements that name its states, themselves or by an element in them.
+  bool readTransition(pugi::xml_node element, std::initializer_list<std::string_view> ends) {
     GmlTransition transition;
+    transition.joinsLayers = ends.size() == 1;
+    transition.layer = layer_;
     transition.id = attributeOf(element, "id");
     transition.duality = dualityOf(element);
     for (const pugi::xml_node child : element.children())
-      if (localName(child.name()) == "connects")
-        if (std::string id = referencedId(child); !id.empty())
-          transition.connects.push_back(std::move(id));
+      if (std::find(ends.begin(), ends.end(), localName(child.name())) != ends.end())
+        for (const pugi::xml_node& end : {child, child.first_child()})
+          if (std::string id = referencedId(end); !id.empty())
+            transition.connects.push_back(std::move(id));
     const bool valid = readPositions(element, transition.line);
     count(1 + transition.line.size());
+    if (transition.joinsLayers && transition.connects.size() != 2) return false;
     if (!valid || transition.connects.size() != 2)
       report(transition.id,
              "The transition does not connect two states, or its line cannot be read.");
@@ -224,6 +225,7 @@ class Reader {
   Findings& findings_;
   pugi::xml_document document_;
   std::unordered_map<std::string, pugi::xml_node> byId_;
+  std::size_t layer_ = 0;  // counts them
   GmlDocument result_;
 };
 

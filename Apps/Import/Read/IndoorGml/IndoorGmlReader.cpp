@@ -38,9 +38,10 @@ void addStoreys(const GmlStoreys& storeys, const GmlScale& scale, Building& buil
 // The file with the document; others, such as schemas, are ignored.
 const SourceFile& documentIn(const std::vector<SourceFile>& files) {
   std::vector<const SourceFile*> found;
-  for (const SourceFile& file : files) {
-    const std::string name = lowerCase(file.name);
-    if (name.ends_with(".gml") || name.ends_with(".xml")) found.push_back(&file);
+  for (const char* extension : {".gml", ".xml"}) {
+    if (!found.empty()) break;
+    for (const SourceFile& file : files)
+      if (lowerCase(file.name).ends_with(extension)) found.push_back(&file);
   }
   if (files.size() == 1) return files.front();
   if (found.size() == 1) return *found.front();

@@ -21,6 +21,7 @@ bool isPlace(const OsmTags& tags, AreaKind kind) {
   if (kind == AreaKind::room) return isKnown || isDestination(tags);
   if (tags.is("amenity", "parking")) return true;
   return isKnown && !tags.is("indoor", "corridor") && !tags.is("room", "corridor") &&
+         !tags.is("buildingpart", "corridor") &&
          (!tags.has("highway") || tags.is("highway", "platform"));
 }
 

@@ -34,6 +34,23 @@ Georeference georeferenceOf(OsmPosition position) {
   return {position.latitude * degreesPerUnit, position.longitude * degreesPerUnit};
 }
 
+// Tells why nothing is drawn.
+[[noreturn]] void failForNothing(const std::string& file, const Findings& findings) {
+  std::string cause = "rooms need the tags indoor=room and level=*";
+  if (findings.countOf("nodes-missing") > 0)
+    cause =
+        "the positions of its ways are missing, so make the extract with complete ways, such as "
+        "with \"out geom;\" at the end of a query to Overpass";
+  for (const Finding& finding : findings.sorted()) {
+    const bool isLevel = finding.rule == "level-unreadable";
+    if (!isLevel && finding.rule != "answer-incomplete") continue;
+    cause = (isLevel ? "levels cannot be read, as of " + finding.source + ": " : "") +
+            finding.message + ' ' + finding.advice;
+    break;
+  }
+  throw SourceError(fmt::format("{}: nothing in it is indoors; {}", file, cause));
+}
+
 // The median of everything drawn, as a few things far away do not move it. They are left out.
 // Throws if there are so many that the rest is no building.
 Georeference originOf(std::vector<OsmThing>& things, const OsmData& data, const Limits& limits,
@@ -46,9 +63,7 @@ Georeference originOf(std::vector<OsmThing>& things, const OsmData& data, const 
     middle.add({own.longitude, own.latitude});
     ++drawn;
   }
-  if (drawn == 0)
-    throw SourceError(fmt::format(
-        "{}: nothing in it is indoors; rooms need the tags indoor=room and level=*", data.file()));
+  if (drawn == 0) failForNothing(data.file(), findings);
   const Point rounded = middle.rounded(0.001);
   const Projection projection({rounded.y, rounded.x});
   std::vector<OsmThing*> far;

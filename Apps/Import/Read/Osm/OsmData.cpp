@@ -137,6 +137,21 @@ void OsmData::finish() {
   order(nodes_);
   order(ways_);
   order(relations_);
+  takeLevelsOfRelations();
+}
+
+void OsmData::takeLevelsOfRelations() {
+  for (const OsmRelation& relation : relations_) {
+    if (!relation.tags.is("type", "level") || !relation.tags.has("level")) continue;
+    for (const OsmMember& member : relation.members) {
+      if (member.type != OsmType::way) continue;
+      const OsmWay* found = way(member.id);
+      if (found == nullptr || found->tags.has("level") || found->tags.has("building")) continue;
+      OsmTags& tags = ways_[static_cast<std::size_t>(found - ways_.data())].tags;
+      tags.add("level", relation.tags["level"]);
+      tags.finish(texts_);
+    }
+  }
 }
 
 const OsmNode* OsmData::node(std::int64_t id) const { return find(nodes_, id); }

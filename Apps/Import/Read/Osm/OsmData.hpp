@@ -76,8 +76,9 @@ struct OsmRelation {
   OsmTags tags;
 };
 
-/// All objects of an extract. Readers add them in any order; `finish` orders them by identifier and
-/// keeps the first of equal ones.
+/// All objects of an extract. Readers add them in any order; `finish` orders them by identifier,
+/// keeps the first of equal ones, and gives ways without a level that of a relation with type=level
+/// that collects them.
 class OsmData {
  public:
   /// `SourceError` is thrown when the extract exceeds the limits, with the name of the file.
@@ -119,6 +120,7 @@ class OsmData {
   std::string_view keep(std::string_view text) { return texts_.keep(text); }
 
  private:
+  void takeLevelsOfRelations();
   // Throws if the extract has too many positions and members, or too much text.
   void count(std::size_t number, const OsmTags& tags);
 

@@ -40,8 +40,9 @@ Finding levelLost(const OsmThing& thing, const std::string& file) {
   finding.source = thing.id;
   finding.file = file;
   finding.field = "level";
-  finding.message =
-      "The line is indoors, but it has no level, and what it touches does not tell which.";
+  finding.message = fmt::format(
+      "The {} is indoors, but it has no level, and what it touches does not tell which.",
+      thing.isNode() ? "door" : "line");
   finding.effect = "It is left out.";
   finding.advice = "Add the tag \"level\" to it.";
   return finding;

@@ -52,6 +52,7 @@ class LevelFinder {
 
   void run() {
     for (OsmThing& thing : things_) readTags(thing);
+    const std::optional<double> onlyLevel = onlyLevelOfAreas();
     const OsmTouching touching(things_);
     // Each round may settle lines that touch those of the round before.
     constexpr int rounds = 8;
@@ -64,7 +65,10 @@ class LevelFinder {
     takeFootways(things_, touching);
     for (OsmThing& thing : things_) {
       if (thing.isNode() && mayFollow(thing)) takeNodeLevels(thing, touching);
-      if (thing.isLine() && thing.levels.empty() && isLost(*thing.tags))
+      if (!thing.levels.empty()) continue;
+      if (onlyLevel && isLostDoor(thing))
+        thing.levels = {{*onlyLevel}};
+      else if (thing.isLine() ? isLost(*thing.tags) : isLostDoor(thing))
         findings_.add(levelLost(thing, file_));
     }
   }
@@ -92,6 +96,20 @@ class LevelFinder {
     if (!missing)
       missing = parseLevels((*things_[buildings_[building]].tags)["non_existent_levels"]).values;
     return *missing;
+  }
+
+  // The level of all areas, if there is just one.
+  std::optional<double> onlyLevelOfAreas() const {
+    std::optional<double> only;
+    for (const OsmThing& thing : things_) {
+      if (!thing.isArea()) continue;
+      for (const LevelList& list : thing.levels)
+        for (const double level : list) {
+          if (only && *only != level) return std::nullopt;
+          only = level;
+        }
+    }
+    return only;
   }
 
   void count(std::size_t levels) {
@@ -159,6 +177,12 @@ class LevelFinder {
   // Whether a line without a level is surely one of a building.
   static bool isLost(const OsmTags& tags) {
     return !tags.has("level") && !tags.has("repeat_on") && isIndoors(tags);
+  }
+
+  // Whether a node without a level is surely a door within a building that has rooms.
+  static bool isLostDoor(const OsmThing& thing) {
+    return thing.isNode() && thing.building != 0 && thing.tags->has("door") &&
+           !thing.tags->has("level");
   }
 
   static bool includesOwn(const OsmThing& thing, const LevelList& levels) {

@@ -36,9 +36,14 @@ void takeNodeLevels(OsmThing& thing, const OsmTouching& touching) {
       }
     }
   });
-  for (const auto& [level, areas] : levels)
-    if (isElevator(tags) || ((!areJoined || areas.number > 1) && areas.areCorners == areCorners))
+  // Where one is drawn on the outlines of several levels, people enter the building on the ground.
+  const bool isOnGround = !areJoined && levels.contains(0.0) && tags.has("entrance") &&
+                          !tags.is("entrance", "emergency") && !tags.is("entrance", "exit");
+  for (const auto& [level, areas] : levels) {
+    const bool isDoorway = (!areJoined || areas.number > 1) && areas.areCorners == areCorners;
+    if (isElevator(tags) || (isDoorway && (!isOnGround || level == 0.0)))
       thing.levels.push_back({level});
+  }
   if (levels.empty())
     for (const double level : ofLines) thing.levels.push_back({level});
   if (thing.levels.empty() && (thing.building != 0 || isIndoors(tags)) &&

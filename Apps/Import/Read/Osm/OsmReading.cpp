@@ -34,6 +34,17 @@ void reportCut(const std::string& file, std::size_t line, Findings& findings) {
   findings.add(std::move(finding));
 }
 
+void reportRemark(const std::string& file, const std::string& remark, Findings& findings) {
+  Finding finding;
+  finding.severity = Severity::violation;
+  finding.rule = "answer-incomplete";
+  finding.file = file;
+  finding.message = fmt::format("Overpass remarks: \"{}\".", remark.substr(0, 300));
+  finding.effect = "Parts of the building may be missing.";
+  finding.advice = "Ask for a smaller area, or with a longer timeout.";
+  findings.add(std::move(finding));
+}
+
 void reportUnreadable(const std::string& file, const std::string& place, const std::string& cause,
                       Findings& findings) {
   Finding finding;

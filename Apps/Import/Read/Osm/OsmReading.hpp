@@ -26,6 +26,9 @@ std::optional<OsmType> osmType(std::string_view text);
 /// Reports that a file ends in the middle.
 void reportCut(const std::string& file, std::size_t line, Findings& findings);
 
+/// Reports what Overpass remarks about its own answer, such as that it took too long.
+void reportRemark(const std::string& file, const std::string& remark, Findings& findings);
+
 /// Reports an object that cannot be read.
 void reportUnreadable(const std::string& file, const std::string& place, const std::string& cause,
                       Findings& findings);

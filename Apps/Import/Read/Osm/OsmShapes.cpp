@@ -10,6 +10,7 @@
 
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmRings.hpp"
+#include "Apps/Import/Read/Osm/OsmShapeFindings.hpp"
 #include "Apps/Import/Read/Osm/OsmValues.hpp"
 #include "Apps/Import/SourceError.hpp"
 
@@ -115,10 +116,16 @@ class Shapes {
 
   void addWay(const OsmWay& way) {
     const bool isArea = isAreaByTags(way.tags) && mattersAsArea(way.tags);
-    if (!isArea && !lineKind(way.tags)) return;
+    const bool isDoorLine = !isArea && !lineKind(way.tags) && way.tags.has("door");
+    if (!isArea && !isDoorLine && !lineKind(way.tags)) return;
     Line line = lineOf(way);
     const std::string id = fmt::format("way/{}", way.id);
-    if (line.missing > 0 && isIndoors(way.tags)) reportMissing(id, line.missing);
+    // What is left of an outline without most of its corners is another one.
+    const bool isLost = way.nodes.empty() || (isArea && 2 * line.missing > way.nodes.size());
+    if ((isLost || line.missing > 0) && isIndoors(way.tags))
+      findings_.add(nodesMissing(id, line.missing, isLost, data_.file()));
+    if (isLost) return;
+    if (isDoorLine) return addDoorLine(id, way.tags, line.positions);
     OsmThing thing = begin(id, OsmType::way, way.tags);
     if (isArea && isClosed(line)) {
       const auto holes = holes_.find(way.id);
@@ -131,9 +138,20 @@ class Shapes {
       thing.points = std::move(line.positions);
       thing.nodes = std::move(line.nodes);
     } else {
-      if (isArea && isIndoors(way.tags) && !way.tags.is("indoor", "yes")) reportOpen(id);
+      if (isArea && isIndoors(way.tags) && !way.tags.is("indoor", "yes"))
+        findings_.add(ringOpen(id, data_.file()));
       return;
     }
+    add(std::move(thing));
+  }
+
+  // A door that is drawn as a line is one at its middle.
+  void addDoorLine(const std::string& id, const OsmTags& tags, const OsmRing& line) {
+    if (line.size() < 2) return;
+    OsmThing thing = begin(id, OsmType::node, tags);
+    OsmBox box;
+    for (const OsmPosition end : {line.front(), line.back()}) box.add(end);
+    thing.points.push_back(box.middle());
     add(std::move(thing));
   }
 
@@ -173,7 +191,8 @@ class Shapes {
         begin(fmt::format("relation/{}", relation.id), OsmType::relation, relation.tags);
     std::vector<OsmRing> rings = ringsOf(outer, openOuter);
     thing.polygons = polygonsOf(std::move(rings), ringsOf(inner, openInner));
-    if (openOuter + openInner > 0 && isIndoors(relation.tags)) reportOpen(thing.id);
+    if (openOuter + openInner > 0 && isIndoors(relation.tags))
+      findings_.add(ringOpen(thing.id, data_.file()));
     if (!thing.polygons.empty()) add(std::move(thing));
   }
 
@@ -190,29 +209,6 @@ class Shapes {
     for (const OsmPolygon& polygon : thing.polygons)
       for (const OsmPosition position : polygon.outer) thing.box.add(position);
     things_.push_back(std::move(thing));
-  }
-
-  void reportMissing(const std::string& id, std::size_t number) {
-    Finding finding;
-    finding.rule = "nodes-missing";
-    finding.source = id;
-    finding.file = data_.file();
-    finding.message =
-        fmt::format("The way has {} nodes that the extract does not contain.", number);
-    finding.effect = "It is drawn without them.";
-    finding.advice = "Make the extract with complete ways.";
-    findings_.add(std::move(finding));
-  }
-
-  void reportOpen(const std::string& id) {
-    Finding finding;
-    finding.rule = "ring-open";
-    finding.source = id;
-    finding.file = data_.file();
-    finding.message = "The outline of the area is not closed.";
-    finding.effect = "The open part is left out.";
-    finding.advice = "Close the outline, or make the extract with complete relations.";
-    findings_.add(std::move(finding));
   }
 
   const OsmData& data_;

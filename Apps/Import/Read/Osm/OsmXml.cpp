@@ -4,7 +4,9 @@
 #include <cstdlib>
 #include <pugixml.hpp>
 #include <utility>
+#include <vector>
 
+#include "Apps/Import/Read/JsonMembers.hpp"
 #include "Apps/Import/Read/Osm/OsmReading.hpp"
 #include "Apps/Import/Read/Osm/XmlElements.hpp"
 #include "Apps/Import/SourceError.hpp"
@@ -24,40 +26,56 @@ OsmTags tagsOf(const pugi::xml_node& element) {
   return tags;
 }
 
-// Adds the position that Overpass writes into references. Returns whether there is one.
-bool addPosition(const pugi::xml_node& element, std::int64_t id, OsmTags tags, OsmData& data) {
-  const pugi::xml_attribute latitude = element.attribute("lat");
-  const pugi::xml_attribute longitude = element.attribute("lon");
-  if (!latitude || !longitude) return false;
-  constexpr double nowhere = 1000.0;
-  data.addNode(id, longitude.as_double(nowhere), latitude.as_double(nowhere), std::move(tags));
-  return true;
+constexpr double nowhere = 1000.0;  // degrees
+
+double degrees(const pugi::xml_node& element, const char* name) {
+  return element.attribute(name).as_double(nowhere);
 }
 
-OsmWay wayOf(const pugi::xml_node& element, std::int64_t id, OsmData& data) {
+// What is read at last.
+struct Rest {
+  std::vector<OsmWay> members;  // of relations, which may also be elements of their own
+  bool hasUnnamedNodes = false;
+};
+
+// Overpass may write positions into references, and leave out the numbers of the nodes.
+OsmWay wayOf(const pugi::xml_node& element, std::int64_t id, OsmData& data, Rest& rest) {
   OsmWay way{id, {}, tagsOf(element)};
   for (const pugi::xml_node& reference : element.children("nd")) {
-    const auto node = osmNumber(attribute(reference, "ref"));
+    auto node = osmNumber(attribute(reference, "ref"));
+    if (!reference.attribute("lat")) {
+      if (node) way.nodes.push_back(*node);
+      continue;
+    }
+    const double longitude = degrees(reference, "lon");
+    const double latitude = degrees(reference, "lat");
+    OsmPosition position;
+    if (!node && toOsmPosition(longitude, latitude, position)) {
+      node = OsmData::unnamedNode(position);
+      rest.hasUnnamedNodes = true;
+    }
     if (!node) continue;
     way.nodes.push_back(*node);
-    addPosition(reference, *node, {}, data);
+    data.addNode(*node, longitude, latitude, {});
   }
   return way;
 }
 
-OsmRelation relationOf(const pugi::xml_node& element, std::int64_t id) {
+OsmRelation relationOf(const pugi::xml_node& element, std::int64_t id, OsmData& data, Rest& rest) {
   OsmRelation relation{id, {}, tagsOf(element)};
   for (const pugi::xml_node& member : element.children("member")) {
     const auto type = osmType(attribute(member, "type"));
     const auto reference = osmNumber(attribute(member, "ref"));
-    if (type && reference)
-      relation.members.push_back({*reference, *type, attribute(member, "role") == "inner"});
+    if (!type || !reference) continue;
+    relation.members.push_back({*reference, *type, attribute(member, "role") == "inner"});
+    if (*type == OsmType::way && member.child("nd"))
+      rest.members.push_back(wayOf(member, *reference, data, rest));
   }
   return relation;
 }
 
 // Returns the cause if the element cannot be read.
-std::string_view addElement(const pugi::xml_node& element, OsmData& data) {
+std::string_view addElement(const pugi::xml_node& element, OsmData& data, Rest& rest) {
   const std::string_view name = element.name();
   const auto type = osmType(name);
   if (!type || name.size() == 1) return {};
@@ -65,10 +83,11 @@ std::string_view addElement(const pugi::xml_node& element, OsmData& data) {
     return {};
   const auto id = osmNumber(attribute(element, "id"));
   if (!id) return "it has no numeric id";
-  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data));
-  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id));
-  if (*type == OsmType::node && !addPosition(element, *id, tagsOf(element), data))
-    return "it has no position";
+  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data, rest));
+  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id, data, rest));
+  if (*type != OsmType::node) return {};
+  if (!element.attribute("lat") || !element.attribute("lon")) return "it has no position";
+  data.addNode(*id, degrees(element, "lon"), degrees(element, "lat"), tagsOf(element));
   return {};
 }
 
@@ -86,7 +105,7 @@ void requireUtf8(const SourceFile& file) {
   throw SourceError(fmt::format("{}: the text is not in UTF-8; save it in UTF-8", file.name));
 }
 
-void readXml(const SourceFile& file, OsmData& data, Findings& findings) {
+void readXml(const SourceFile& file, OsmData& data, Rest& rest, Findings& findings) {
   requireUtf8(file);
   XmlElements elements(file.bytes);
   if (const std::string_view root = elements.enterRoot(); root != "osm")
@@ -97,8 +116,10 @@ void readXml(const SourceFile& file, OsmData& data, Findings& findings) {
   for (std::string_view element; !(element = elements.next()).empty();) {
     const auto result = document.load_buffer(element.data(), element.size(), pugi::parse_default,
                                              pugi::encoding_utf8);
-    const std::string_view cause =
-        result ? addElement(document.document_element(), data) : result.description();
+    const pugi::xml_node root = document.document_element();
+    if (std::string_view(root.name()) == "remark")
+      reportRemark(file.name, std::string(trimmed(root.child_value())), findings);
+    const std::string_view cause = result ? addElement(root, data, rest) : result.description();
     if (!cause.empty())
       reportUnreadable(file.name, fmt::format("The element in line {}", elements.lineOf(element)),
                        std::string(cause), findings);
@@ -109,8 +130,15 @@ void readXml(const SourceFile& file, OsmData& data, Findings& findings) {
 }  // namespace
 
 Building readOsmXml(std::vector<SourceFile> files, const Options& options, Findings& findings) {
-  return readOsm(std::move(files), options, findings,
-                 [&](const SourceFile& file, OsmData& data) { readXml(file, data, findings); });
+  Rest rest;
+  return readOsm(
+      std::move(files), options, findings,
+      [&](const SourceFile& file, OsmData& data) { readXml(file, data, rest, findings); },
+      [&](OsmData& data) {
+        // Of equal ways, the first counts, which has its tags.
+        for (OsmWay& way : rest.members) data.addWay(std::move(way));
+        if (rest.hasUnnamedNodes) data.nameNodes();
+      });
 }
 
 }  // namespace orivanta::importer

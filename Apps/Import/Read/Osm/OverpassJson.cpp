@@ -4,6 +4,7 @@
 #include <boost/json/value.hpp>
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "Apps/Import/Read/FeatureTexts.hpp"
 #include "Apps/Import/Read/JsonMembers.hpp"
@@ -51,37 +52,55 @@ OsmTags tagsOf(const json::object& element) {
   return tags;
 }
 
-OsmWay wayOf(const json::object& element, std::int64_t id, OsmData& data) {
-  OsmWay way{id, {}, tagsOf(element)};
-  // With "out geom", the positions of the nodes, in the same order.
+// Takes the positions that "out geom" writes. Without the numbers of the nodes, as in "out tags
+// geom", their positions name them. Parts of the geometry outside of the area asked for are null.
+void addGeometry(const json::object& element, OsmWay& way, OsmData& data) {
   const json::array& geometry = arrayOf(element, "geometry");
   const json::array& nodes = arrayOf(element, "nodes");
-  for (std::size_t i = 0; i < nodes.size(); ++i) {
-    const auto node = numberOf(&nodes[i]);
+  for (std::size_t i = 0; i < std::max(nodes.size(), geometry.size()); ++i) {
+    const json::object* point = i < geometry.size() ? geometry[i].if_object() : nullptr;
+    const double longitude = point != nullptr ? degrees(*point, "lon") : nowhere;
+    const double latitude = point != nullptr ? degrees(*point, "lat") : nowhere;
+    auto node = i < nodes.size() ? numberOf(&nodes[i]) : std::nullopt;
+    OsmPosition position;
+    if (nodes.empty() && toOsmPosition(longitude, latitude, position))
+      node = OsmData::unnamedNode(position);
     if (!node) continue;
     way.nodes.push_back(*node);
-    if (i < geometry.size() && geometry[i].is_object())
-      data.addNode(*node, degrees(geometry[i].get_object(), "lon"),
-                   degrees(geometry[i].get_object(), "lat"), {});
+    if (point != nullptr) data.addNode(*node, longitude, latitude, {});
   }
+}
+
+// What is read at last.
+struct Rest {
+  std::vector<OsmWay> members;  // of relations, which may also be elements of their own
+  bool hasUnnamedNodes = false;
+};
+
+OsmWay wayOf(const json::object& element, std::int64_t id, OsmData& data, Rest& rest) {
+  OsmWay way{id, {}, tagsOf(element)};
+  addGeometry(element, way, data);
+  rest.hasUnnamedNodes |= !element.contains("nodes");
   return way;
 }
 
-OsmRelation relationOf(const json::object& element, std::int64_t id) {
+OsmRelation relationOf(const json::object& element, std::int64_t id, OsmData& data, Rest& rest) {
   OsmRelation relation{id, {}, tagsOf(element)};
   for (const json::value& value : arrayOf(element, "members")) {
     if (!value.is_object()) continue;
     const json::object& member = value.get_object();
     const auto type = osmType(textOf(member, "type"));
     const auto reference = numberOf(member.if_contains("ref"));
-    if (type && reference)
-      relation.members.push_back({*reference, *type, textOf(member, "role") == "inner"});
+    if (!type || !reference) continue;
+    relation.members.push_back({*reference, *type, textOf(member, "role") == "inner"});
+    if (*type == OsmType::way && member.contains("geometry"))
+      rest.members.push_back(wayOf(member, *reference, data, rest));
   }
   return relation;
 }
 
 // Returns the cause if the element cannot be read.
-std::string_view addElement(const json::value& value, OsmData& data) {
+std::string_view addElement(const json::value& value, OsmData& data, Rest& rest) {
   if (!value.is_object()) return "it is no JSON object";
   const json::object& element = value.get_object();
   const auto type = osmType(textOf(element, "type"));
@@ -90,25 +109,29 @@ std::string_view addElement(const json::value& value, OsmData& data) {
   if (!id) return "it has no numeric id";
   if (*type == OsmType::node)
     data.addNode(*id, degrees(element, "lon"), degrees(element, "lat"), tagsOf(element));
-  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data));
-  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id));
+  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data, rest));
+  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id, data, rest));
   return {};
 }
 
 // Parses one element at a time, so that a large file takes little memory.
-void readElements(const SourceFile& file, const Limits& limits, OsmData& data, Findings& findings) {
+void readElements(const SourceFile& file, const Limits& limits, OsmData& data, Rest& rest,
+                  Findings& findings) {
   const std::string_view text = withoutByteOrderMark(file.bytes);
   const FeatureTexts elements = splitFeatures(text, 2 * limits.vertices, "elements");
   if (!elements.found)
     throw SourceError(fmt::format(
         "{}: no member \"elements\"; is this an answer of Overpass in JSON?", file.name));
   const json::storage_ptr memory = boundedMemory(limits.bytes / 4);
+  if (const ParsedJson frame = parseJson(elements.frame, memory); frame.value.is_object())
+    if (const auto remark = textOf(frame.value.get_object(), "remark"); !remark.empty())
+      reportRemark(file.name, std::string(remark), findings);
   std::size_t number = 0;
   for (const std::string_view element : elements.features) {
     const std::string place = fmt::format("Element {} of \"elements\"", ++number);
     const ParsedJson parsed = parseJson(element, memory);
     const std::string_view cause =
-        parsed.error.empty() ? addElement(parsed.value, data) : parsed.error;
+        parsed.error.empty() ? addElement(parsed.value, data, rest) : parsed.error;
     if (!cause.empty()) reportUnreadable(file.name, place, std::string(cause), findings);
   }
   if (elements.cut)
@@ -120,9 +143,17 @@ void readElements(const SourceFile& file, const Limits& limits, OsmData& data, F
 
 Building readOverpassJson(std::vector<SourceFile> files, const Options& options,
                           Findings& findings) {
-  return readOsm(std::move(files), options, findings, [&](const SourceFile& file, OsmData& data) {
-    readElements(file, options.limits, data, findings);
-  });
+  Rest rest;
+  return readOsm(
+      std::move(files), options, findings,
+      [&](const SourceFile& file, OsmData& data) {
+        readElements(file, options.limits, data, rest, findings);
+      },
+      [&](OsmData& data) {
+        // Of equal ways, the first counts, which has its tags.
+        for (OsmWay& way : rest.members) data.addWay(std::move(way));
+        if (rest.hasUnnamedNodes) data.nameNodes();
+      });
 }
 
 }  // namespace orivanta::importer

@@ -12,7 +12,7 @@
 #include "Apps/Import/Read/Stations/MemoryFiles.hpp"
 #include "Apps/Import/Read/Stations/ShapefileParts.hpp"
 #include "Apps/Import/Read/Stations/StationLayer.hpp"
-#include "Apps/Import/Read/Stations/TextEncoding.hpp"
+#include "Apps/Import/Read/TextEncoding.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {

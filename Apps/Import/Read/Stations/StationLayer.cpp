@@ -41,6 +41,11 @@ std::vector<std::string> partsOf(const std::string& file) {
   return parts;
 }
 
+// Names the area of files that are called only as their layers are.
+std::string folderOf(const std::filesystem::path& file) {
+  return (file.has_parent_path() ? file.parent_path().filename() : file.stem()).string();
+}
+
 // The ordinal of "B1", "0" or "2out".
 std::optional<double> ordinalOf(std::string_view text) {
   std::string level = lowerCase(text);
@@ -76,7 +81,8 @@ LayerKind kindOf(const StationFeature& feature) {
 
 // What the name of the file says. Nothing for a layer with an unknown name.
 std::optional<LayerKind> kindByName(const std::string& file) {
-  const std::string last = lowerCase(partsOf(file).back());
+  std::string last = lowerCase(partsOf(file).back());
+  if (last.ends_with('s')) last.pop_back();
   const auto known = std::find_if(knownLayers.begin(), knownLayers.end(),
                                   [&](const KnownLayer& each) { return each.name == last; });
   return known == knownLayers.end() ? std::nullopt : std::optional(known->kind);
@@ -86,7 +92,7 @@ StationLayer describedLayer(const std::string& file, std::vector<StationFeature>
   const std::vector<std::string> parts = partsOf(file);
   StationLayer layer;
   layer.file = file;
-  layer.area = parts.front();
+  layer.area = parts.size() > 1 ? parts.front() : folderOf(file);
   for (const std::string& part : parts)
     if (const auto ordinal = ordinalOf(part)) layer.ordinal = ordinal;
   if (const auto kind = kindByName(file))
@@ -154,58 +160,11 @@ class LayerReader {
   std::vector<StationLayer> layers_;
 };
 
-constexpr std::array<std::string_view, 18> usedFields = {
-    "id",       "category",  "floor_id", "name",      "ordinal",    "short_name",
-    "node_id",  "lat",       "lon",      "link_id",   "end_id",     "start_id",
-    "distance", "direction", "elevator", "nonpublic", "restricted", "route_type"};
-
-struct OtherWord {
-  std::string_view name;
-  std::string_view used;
-};
-
-// As other networks write them, without underscores.
-constexpr std::array otherWords = {
-    OtherWord{"floorid", "floor_id"},     OtherWord{"floor", "ordinal"},
-    OtherWord{"level", "ordinal"},        OtherWord{"shortname", "short_name"},
-    OtherWord{"nodeid", "node_id"},       OtherWord{"latitude", "lat"},
-    OtherWord{"longitude", "lon"},        OtherWord{"linkid", "link_id"},
-    OtherWord{"startid", "start_id"},     OtherWord{"startnode", "start_id"},
-    OtherWord{"startnodeid", "start_id"}, OtherWord{"from", "start_id"},
-    OtherWord{"endid", "end_id"},         OtherWord{"endnode", "end_id"},
-    OtherWord{"endnodeid", "end_id"},     OtherWord{"to", "end_id"},
-    OtherWord{"length", "distance"},      OtherWord{"routetype", "route_type"},
-    OtherWord{"nameja", "name"}};
-
 }  // namespace
-
-StationFeature::UsedName StationFeature::usedName(std::string_view name) {
-  const auto* const used = std::find(usedFields.begin(), usedFields.end(), name);
-  if (used != usedFields.end()) return {*used, Known::yes};
-  std::string word(name);
-  std::erase(word, '_');
-  for (const auto& [other, meant] : otherWords)
-    if (word == other) return {meant, Known::inOtherWords};
-  return {};
-}
 
 std::optional<double> stationOrdinal(std::string_view text) {
   const std::optional<double> number = numberIn(text);
   return number ? number : ordinalOf(text);
-}
-
-void StationFeature::add(std::string_view name, std::string_view value) {
-  const auto used = std::find(usedFields.begin(), usedFields.end(), name);
-  if (used == usedFields.end() || value.empty() || !(*this)[name].empty()) return;
-  Field& field = fields_.emplace_back();
-  field.name = static_cast<std::uint8_t>(used - usedFields.begin());
-  field.set(value);
-}
-
-std::string_view StationFeature::operator[](std::string_view name) const {
-  for (const Field& field : fields_)
-    if (usedFields[field.name] == name) return field.value();
-  return {};
 }
 
 void requireMemory(const TextPool& texts, const Limits& limits, const std::string& file) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -153,6 +154,25 @@ void keepWithin(const Bounds& bounds, std::vector<StationLayer>& layers) {
                          layer.features.end());
 }
 
+// Without floors, the nodes tell which there are. Their ordinals count from the ground floor 1.
+void addStoreysOfNodes(const Options& options, Building& building) {
+  if (!building.storeys.empty()) return;
+  std::set<double> ordinals;
+  for (const SourceNode& node : building.sourceNodes)
+    if (node.spot.level == std::round(node.spot.level) && node.spot.level != 0.0)
+      ordinals.insert(node.spot.level);
+  for (const double ordinal : ordinals) {
+    Storey storey;
+    storey.id = fmt::format("floor {}", ordinal);
+    storey.ordinal = ordinal;
+    const bool isBelow = ordinal < 0.0;
+    storey.names.name = fmt::format("{}{}階", isBelow ? "地下" : "", std::abs(ordinal));
+    storey.shortName = fmt::format("{}{}F", isBelow ? "B" : "", std::abs(ordinal));
+    storey.elevation = (isBelow ? ordinal : ordinal - 1.0) * options.storeyHeight;
+    building.storeys.push_back(std::move(storey));
+  }
+}
+
 }  // namespace
 
 Building readStations(std::vector<SourceFile> files, const Options& options, Findings& findings) {
@@ -185,6 +205,7 @@ Building readStations(std::vector<SourceFile> files, const Options& options, Fin
   readStationNetwork(layers, building, findings);
   releaseFreeMemory();
   readStationAreas(layers, options, building, findings);
+  addStoreysOfNodes(options, building);
   return building;
 }
 

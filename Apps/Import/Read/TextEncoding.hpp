@@ -15,4 +15,8 @@ std::string encodingOf(std::string_view cpg);
 /// The text in UTF-8. Bytes that are not valid in the encoding become U+FFFD.
 std::string toUtf8(std::string_view text, const std::string& encoding);
 
+/// Converts the text of a file to UTF-8 if it says that it has another encoding: UTF-16 by its byte
+/// order mark, XML in its first line.
+void decodeText(std::string& text);
+
 }  // namespace orivanta::importer

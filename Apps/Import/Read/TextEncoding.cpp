@@ -1,4 +1,4 @@
-#include "Apps/Import/Read/Stations/TextEncoding.hpp"
+#include "Apps/Import/Read/TextEncoding.hpp"
 
 #include <iconv.h>
 
@@ -34,7 +34,7 @@ class Converter {
     char* from = const_cast<char*>(text.data());
     std::size_t left = text.size();
     while (left > 0) {
-      std::array<char, 256> piece;
+      std::array<char, 4096> piece;
       char* to = piece.data();
       std::size_t room = piece.size();
       const std::size_t converted = iconv(handle_, &from, &left, &to, &room);
@@ -80,6 +80,25 @@ std::string toUtf8(std::string_view text, const std::string& encoding) {
   if (isAscii(text)) return std::string(text);
   Converter converter(encoding);
   return converter.isOpen() ? converter.convert(text) : std::string(text);
+}
+
+void decodeText(std::string& text) {
+  const std::string_view start = std::string_view(text).substr(0, 200);
+  const bool isWide = start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF");
+  if (isWide) text = toUtf8(text, "UTF-16");
+  const std::string_view declaration =
+      std::string_view(text).substr(0, text.substr(0, 200).find("?>"));
+  const std::size_t name = declaration.find("encoding=");
+  if (!declaration.starts_with("<?xml") || name == declaration.npos) return;
+  const std::size_t from = name + 10;
+  const std::size_t end = declaration.find_first_of("\"'", from);
+  if (end == declaration.npos) return;
+  const std::string stated = lowerCase(declaration.substr(from, end - from));
+  if (stated == "utf-8" || stated == "utf8" || stated == "us-ascii") return;
+  const std::string encoding = isWide ? "UTF-8" : encodingOf(stated);
+  if (encoding.empty()) return;
+  text.replace(from, end - from, "UTF-8");
+  if (!isWide) text = toUtf8(text, encoding);
 }
 
 }  // namespace orivanta::importer
