@@ -65,7 +65,7 @@ class Joiner {
   // The first area that the door does not join yet.
   const Area* areaBehindWall(const std::vector<const Area*>& near, const Door& door,
                              Point side) const {
-    constexpr double thickestWall = 0.5;
+    constexpr double thickestWall = 0.25;
     for (const double depth : depths) {
       if (depth > thickestWall) break;
       const Area* area = index_.smallestAt(door.position + side * depth);

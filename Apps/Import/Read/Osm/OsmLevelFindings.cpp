@@ -28,7 +28,8 @@ Finding levelMissing(const OsmThing& thing, const std::string& file) {
   finding.file = file;
   finding.field = "level";
   finding.level = 0.0;
-  finding.message = "The area is indoors, but it has no level.";
+  finding.message =
+      fmt::format("The {} is indoors, but it has no level.", thing.isLine() ? "path" : "area");
   finding.effect = "It is drawn on level 0.";
   finding.advice = "Add the tag \"level\" to it.";
   return finding;

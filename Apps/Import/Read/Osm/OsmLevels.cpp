@@ -12,6 +12,7 @@
 
 #include "Apps/Import/Read/Osm/OsmFootways.hpp"
 #include "Apps/Import/Read/Osm/OsmLevelFindings.hpp"
+#include "Apps/Import/Read/Osm/OsmLineLevels.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmNodeLevels.hpp"
 #include "Apps/Import/Read/Osm/OsmTouching.hpp"
@@ -54,21 +55,14 @@ class LevelFinder {
     for (OsmThing& thing : things_) readTags(thing);
     const std::optional<double> onlyLevel = onlyLevelOfAreas();
     const OsmTouching touching(things_);
-    // Each round may settle lines that touch those of the round before.
-    constexpr int rounds = 8;
-    bool isChanged = true;
-    for (int round = 0; round < rounds && isChanged; ++round) {
-      isChanged = false;
-      for (OsmThing& thing : things_)
-        if (thing.isLine() && mayFollow(thing)) isChanged |= followLine(thing, touching);
-    }
+    followLines(things_, touching, file_, findings_);
     takeFootways(things_, touching);
     for (OsmThing& thing : things_) {
       if (thing.isNode() && mayFollow(thing)) takeNodeLevels(thing, touching);
       if (!thing.levels.empty()) continue;
       if (onlyLevel && isLostDoor(thing))
         thing.levels = {{*onlyLevel}};
-      else if (thing.isLine() ? isLost(*thing.tags) : isLostDoor(thing))
+      else if (isLostLine(thing) || isLostDoor(thing))
         findings_.add(levelLost(thing, file_));
     }
   }
@@ -143,72 +137,10 @@ class LevelFinder {
     return kind && isConnector(*kind) && *kind != AreaKind::stairs;
   }
 
-  // Whether the thing has no level of its own, and may get one from others.
-  static bool mayFollow(const OsmThing& thing) {
-    if (thing.tags->has("level") || thing.tags->has("repeat_on"))
-      return thing.isLine() && thing.levels.size() == 1 && thing.levels[0].size() == 1 &&
-             isFlight(thing);
-    return thing.levels.empty();
-  }
-
-  static bool isFlight(const OsmThing& thing) {
-    const auto kind = lineKind(*thing.tags);
-    return kind == LineKind::steps || kind == LineKind::escalator ||
-           kind == LineKind::movingWalkway;
-  }
-
-  bool followLine(OsmThing& thing, const OsmTouching& touching) const {
-    const std::set<double> first = touching.levelsAt(thing.points.front());
-    const std::set<double> last = touching.levelsAt(thing.points.back());
-    LevelList levels;
-    if (!first.empty() && !last.empty()) {
-      levels = isFlight(thing) ? differing(first, last) : common(first, last);
-    } else if (thing.tags->is("indoor", "yes") || thing.building != 0) {
-      const std::set<double>& known = first.empty() ? last : first;
-      if (known.size() == 1) levels = {*known.begin()};
-    }
-    if (levels.empty() ||
-        (!thing.levels.empty() && (levels.size() < 2 || !includesOwn(thing, levels))))
-      return false;
-    thing.levels = {levels};
-    return true;
-  }
-
-  // Whether a line without a level is surely one of a building.
-  static bool isLost(const OsmTags& tags) {
-    return !tags.has("level") && !tags.has("repeat_on") && isIndoors(tags);
-  }
-
   // Whether a node without a level is surely a door within a building that has rooms.
   static bool isLostDoor(const OsmThing& thing) {
     return thing.isNode() && thing.building != 0 && thing.tags->has("door") &&
            !thing.tags->has("level");
-  }
-
-  static bool includesOwn(const OsmThing& thing, const LevelList& levels) {
-    return std::find(levels.begin(), levels.end(), thing.levels[0][0]) != levels.end();
-  }
-
-  // The two different levels that are nearest to each other.
-  static LevelList differing(const std::set<double>& first, const std::set<double>& last) {
-    LevelList best;
-    const auto consider = [&](double one, double other) {
-      if (best.empty() || std::abs(one - other) < best[1] - best[0])
-        best = {std::min(one, other), std::max(one, other)};
-    };
-    for (const double one : first) {
-      if (const auto above = last.upper_bound(one); above != last.end()) consider(one, *above);
-      if (const auto below = last.lower_bound(one); below != last.begin())
-        consider(one, *std::prev(below));
-    }
-    if (best.empty()) best = {*first.begin()};
-    return best;
-  }
-
-  static LevelList common(const std::set<double>& first, const std::set<double>& last) {
-    for (const double level : first)
-      if (last.contains(level)) return {level};
-    return {};
   }
 
   std::vector<OsmThing>& things_;
