@@ -43,7 +43,9 @@ class Cutter {
 
   std::optional<Index> edgeBetween(Index a, Index b) const {
     for (const Index i : edges_[a])
-      if (draft_.edges[i].from == b || draft_.edges[i].to == b) return i;
+      if (draft_.edges[i].from == a ? draft_.edges[i].to == b
+                                    : draft_.edges[i].from == b && draft_.edges[i].to == a)
+        return i;
     return {};
   }
 

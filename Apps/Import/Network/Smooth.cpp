@@ -19,8 +19,7 @@ using Index = std::uint32_t;
 
 constexpr double walkedOff = 1.0;       // meters between walls and moved nodes, where there is room
 constexpr double farthestMove = 4.0;    // meters, in one step
-constexpr double mostShorter = 0.025;   // the share by which ways through a moved node may shrink
-constexpr double mostLonger = 0.02;     // the share by which they may grow
+constexpr double mostChange = 0.02;     // the share by which ways through a moved node may change
 constexpr double leastSmoothed = 0.05;  // the share of the bends that a move must save
 constexpr double unnoticed = 0.2;       // radians; guides announce no such turn
 constexpr double turnsBack = 1.75;      // radians; what exceeds it counts more
@@ -100,6 +99,12 @@ class Smoother {
     return sum;
   }
 
+  bool isCheaper(double limit) const {
+    double sum = 0.0;
+    return std::all_of(bends_.begin(), bends_.end(),
+                       [&](const Bend& bend) { return (sum += costOf(bend)) < limit; });
+  }
+
   double lengthThrough(Index node, std::size_t count) const {
     double sum = 0.0;
     for (std::size_t i = 0; i < count; ++i)
@@ -115,7 +120,7 @@ class Smoother {
     const double clearance = space_.clearance(old, walkedOff);
     const double length = lengthThrough(node, count);
     const auto keepsLength = [&](double moved) {
-      return moved >= (1.0 - mostShorter) * length && moved <= (1.0 + mostLonger) * length;
+      return std::abs(moved - length) <= mostChange * length;
     };
     double least = (1.0 - leastSmoothed) * cost();
     if (least == 0.0) return;
@@ -126,10 +131,9 @@ class Smoother {
       for (const double share : {1.0, 0.5, 0.25}) {
         const Point position = old + (foot - old) * share;
         draft_.nodes[node].position = position;
-        if (const double all = cost(); all < least && keepsLength(lengthThrough(node, count)) &&
-                                       space_.clearance(position, walkedOff) >= clearance &&
-                                       seesAll(node)) {
-          least = all;
+        if (keepsLength(lengthThrough(node, count)) && isCheaper(least) &&
+            space_.clearance(position, walkedOff) >= clearance && seesAll(node)) {
+          least = cost();
           best = position;
           isBetter = true;
         }

@@ -79,7 +79,7 @@ class TurnCounter {
       order_.push_back(node);
       if (reached_[node].isClosed && node != start) continue;
       for (const Line& line : lines_[node]) {
-        ++examined;
+        if (++examined > mostExamined) break;
         Reached& next = reached_[line.to];
         const double all = length + line.length;
         if (all >= next.length) continue;

@@ -72,12 +72,21 @@ class FileReader {
   }
 
   std::vector<SourceFile> release() {
-    for (SourceFile& file : files_)
-      if (isText(file.name)) decodeText(file.bytes);
+    for (SourceFile& file : files_) {
+      if (!isText(file.name)) continue;
+      const std::size_t before = file.bytes.size();
+      if (!decodeText(file.bytes, before + bytesLeft_)) failForSize(file.name);
+      bytesLeft_ -= std::max(file.bytes.size(), before) - before;
+    }
     return std::move(files_);
   }
 
  private:
+  [[noreturn]] void failForSize(const std::string& file) const {
+    throw SourceError(fmt::format("{}: the files are larger than {} MiB; import a part of the area",
+                                  file, limits_.bytes >> 20U));
+  }
+
   void readBytes(const fs::path& path, SourceFile& file) {
     std::ifstream stream(path, std::ios::binary);
     if (!stream) throw SourceError(path.string() + ": the file cannot be opened; check its rights");
@@ -88,10 +97,7 @@ class FileReader {
     std::array<char, 65536> piece;
     while (stream.read(piece.data(), piece.size()), stream.gcount() > 0) {
       const auto size = static_cast<std::size_t>(stream.gcount());
-      if (size > bytesLeft_)
-        throw SourceError(
-            fmt::format("{}: the files are larger than {} MiB; import a part of the area",
-                        file.name, limits_.bytes >> 20U));
+      if (size > bytesLeft_) failForSize(file.name);
       bytesLeft_ -= size;
       file.bytes.append(piece.data(), size);
     }

@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <limits>
 
 #include "Apps/Import/Read/JsonMembers.hpp"
 
@@ -28,12 +29,16 @@ class Converter {
     return handle_ != reinterpret_cast<iconv_t>(std::intptr_t{-1});
   }
 
-  std::string convert(std::string_view text) {
+  // Stops when the result is longer than `most`.
+  std::string convert(std::string_view text,
+                      std::size_t most = std::numeric_limits<std::size_t>::max()) {
     std::string result;
+    constexpr std::size_t mostBytes = 3;  // of what is one byte in most encodings
+    if (text.size() > 4096) result.reserve(std::min(most, mostBytes * text.size()) + 4096);
     // iconv does not write through this pointer.
     char* from = const_cast<char*>(text.data());
     std::size_t left = text.size();
-    while (left > 0) {
+    while (left > 0 && result.size() <= most) {
       std::array<char, 4096> piece;
       char* to = piece.data();
       std::size_t room = piece.size();
@@ -82,23 +87,31 @@ std::string toUtf8(std::string_view text, const std::string& encoding) {
   return converter.isOpen() ? converter.convert(text) : std::string(text);
 }
 
-void decodeText(std::string& text) {
+bool decodeText(std::string& text, std::size_t most) {
+  const auto convert = [&](const std::string& encoding) {
+    text = Converter(encoding).convert(text, most);
+    text.shrink_to_fit();
+    return text.size() <= most;
+  };
   const std::string_view start = std::string_view(text).substr(0, 200);
   const bool isWide = start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF");
-  if (isWide) text = toUtf8(text, "UTF-16");
+  if (isWide && !convert("UTF-16")) return false;
   const std::string_view declaration =
       std::string_view(text).substr(0, text.substr(0, 200).find("?>"));
   const std::size_t name = declaration.find("encoding=");
-  if (!declaration.starts_with("<?xml") || name == declaration.npos) return;
+  if (!declaration.starts_with("<?xml") || name == declaration.npos) return true;
   const std::size_t from = name + 10;
   const std::size_t end = declaration.find_first_of("\"'", from);
-  if (end == declaration.npos) return;
+  if (end == declaration.npos) return true;
   const std::string stated = lowerCase(declaration.substr(from, end - from));
-  if (stated == "utf-8" || stated == "utf8" || stated == "us-ascii") return;
-  const std::string encoding = isWide ? "UTF-8" : encodingOf(stated);
-  if (encoding.empty()) return;
+  if (stated == "utf-8" || stated == "utf8" || stated == "us-ascii") return true;
+  // Some programs declare the encoding that the text had in their memory. It can be read here, so
+  // it has one byte for each letter of the declaration.
+  const bool isConverted = isWide || stated.starts_with("utf-16") || stated.starts_with("utf-32");
+  const std::string encoding = isConverted ? "UTF-8" : encodingOf(stated);
+  if (encoding.empty()) return true;
   text.replace(from, end - from, "UTF-8");
-  if (!isWide) text = toUtf8(text, encoding);
+  return isConverted || convert(encoding);
 }
 
 }  // namespace orivanta::importer

@@ -1,6 +1,7 @@
 // Converts texts of other encodings to UTF-8.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,7 @@ std::string encodingOf(std::string_view cpg);
 std::string toUtf8(std::string_view text, const std::string& encoding);
 
 /// Converts the text of a file to UTF-8 if it says that it has another encoding: UTF-16 by its byte
-/// order mark, XML in its first line.
-void decodeText(std::string& text);
+/// order mark, XML in its first line. Returns false if the result is longer than `most` bytes.
+bool decodeText(std::string& text, std::size_t most);
 
 }  // namespace orivanta::importer

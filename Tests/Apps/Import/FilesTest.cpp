@@ -71,12 +71,16 @@ TEST(ImportFiles, AreConvertedToUtf8) {
         {std::string("\xFE\xFF\0{\0}", 6), "{}"},
         {declared, "<?xml version='1.0' encoding='UTF-8'?>\uBC29"},
         {unknown, unknown},
+        {"<?xml version='1.0' encoding='utf-16'?>\u00FC",  // as a program had it in memory
+         "<?xml version='1.0' encoding='UTF-8'?>\u00FC"},
         {"<?xml version='1.0' encoding='", "<?xml version='1.0' encoding='"},
         {"plain \xFC", "plain \xFC"}}) {
     std::string converted = text;
-    decodeText(converted);
+    EXPECT_TRUE(decodeText(converted, 64));
     EXPECT_EQ(converted, expected);
   }
+  std::string longer = "<?xml version='1.0' encoding='CP437'?>" + std::string(40, '\xB0');
+  EXPECT_FALSE(decodeText(longer, 64));
 }
 
 TEST(ImportFiles, RefuseWhatIsHostileOrDamaged) {

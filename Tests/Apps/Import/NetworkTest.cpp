@@ -373,6 +373,18 @@ TEST(Network, CutsOffTurnsThatLeadBack) {
   Draft corner = wayInHall({{2.0, 2.0}, {16.0, 2.0}, {14.0, 5.0}});
   cutSharpTurns(hall, corner);
   EXPECT_EQ(corner.edges.size(), 2U) << "turns of ordinary corners stay";
+  // Turns at both ends of a line divide it twice. No two lines then lie on each other.
+  Draft twice = wayInHall({{2.0, 1.0}, {17.0, 1.4}, {3.0, 3.0}, {17.0, 4.6}, {2.0, 5.0}});
+  cutSharpTurns(hall, twice);
+  EXPECT_GE(twice.edges.size(), 10U);
+  for (const DraftEdge& one : twice.edges)
+    for (const DraftEdge& other : twice.edges) {
+      if (one.from != other.from || &one == &other) continue;
+      const Point from = twice.nodes[one.from].position;
+      EXPECT_GT(std::abs(package::cross(twice.nodes[one.to].position - from,
+                                        twice.nodes[other.to].position - from)),
+                0.01);
+    }
 }
 
 }  // namespace orivanta::importer

@@ -131,10 +131,11 @@ class Reader {
   // Converters that know only texts and numbers make texts of objects and arrays.
   json::value unpacked(const json::value& value) const {
     if (value.is_string()) {
+      constexpr std::size_t longest = 65536;  // what fails is freed only with the archive's memory
       const std::string_view text(value.get_string());
-      if (text.starts_with('{') || text.starts_with('['))
-        if (ParsedJson parsed = parseJson(text, archive_.memory); parsed.error.empty())
-          return std::move(parsed.value);
+      if (text.size() <= longest && (text.starts_with('{') || text.starts_with('[')))
+        if (const ParsedJson parsed = parseJson(text, {}); parsed.error.empty())
+          return json::value(parsed.value, archive_.memory);
     }
     return json::value(value, archive_.memory);
   }

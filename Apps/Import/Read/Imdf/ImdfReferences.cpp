@@ -32,13 +32,14 @@ bool isMismatched(const ImdfArchive& archive) {
   return false;
 }
 
-void match(json::value& value, const Identifiers& identifiers) {
+// References that mean an identifier exactly stay as they are.
+void match(json::value& value, const ImdfArchive& archive, const Identifiers& identifiers) {
   if (json::array* array = value.if_array())
-    for (json::value& each : *array) match(each, identifiers);
+    for (json::value& each : *array) match(each, archive, identifiers);
   if (json::object* object = value.if_object())
-    if (json::value* id = object->if_contains("id")) match(*id, identifiers);
+    if (json::value* id = object->if_contains("id")) match(*id, archive, identifiers);
   json::string* text = value.if_string();
-  if (text == nullptr) return;
+  if (text == nullptr || archive.byId.contains(std::string(*text))) return;
   const auto found = identifiers.find(lowerCase(std::string_view(*text)));
   if (found != identifiers.end()) *text = found->second;
 }
@@ -52,7 +53,7 @@ void matchImdfReferences(ImdfArchive& archive) {
     identifiers.emplace(lowerCase(feature.id), feature.id);
   for (ImdfFeature& feature : archive.features)
     for (auto& member : feature.properties)
-      if (isReference(std::string_view(member.key()))) match(member.value(), identifiers);
+      if (isReference(std::string_view(member.key()))) match(member.value(), archive, identifiers);
 }
 
 }  // namespace orivanta::importer

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -24,6 +25,8 @@ bool isKept(std::string_view key) {
     if (key == unused) return false;
   return !key.empty() && !key.starts_with("source:") && !key.starts_with("note:");
 }
+
+bool isUnnamed(std::int64_t node) { return node < endOfUnnamed; }
 
 OsmPosition positionOf(std::int64_t unnamedNode) {
   const std::int64_t index = unnamedNode - firstUnnamed;
@@ -74,6 +77,11 @@ void OsmTags::finish(TextPool& texts) {
   }
 }
 
+void OsmTags::insert(std::string_view key, std::string_view value) {
+  const std::pair tag(key, value);
+  tags_.insert(std::lower_bound(tags_.begin(), tags_.end(), tag), tag);
+}
+
 std::size_t OsmTags::bytes() const {
   std::size_t sum = 0;
   for (const auto& [key, value] : tags_) sum += key.size() + value.size();
@@ -120,7 +128,16 @@ void OsmData::addWay(OsmWay way) {
   way.tags.finish(texts_);
   way.nodes.shrink_to_fit();
   count(1 + way.nodes.size(), way.tags);
+  hasUnnamedNodes_ = hasUnnamedNodes_ || std::any_of(way.nodes.begin(), way.nodes.end(), isUnnamed);
   ways_.push_back(std::move(way));
+}
+
+void OsmData::addMemberWay(OsmWay way) {
+  way.tags = {};
+  way.nodes.shrink_to_fit();
+  count(1 + way.nodes.size(), way.tags);
+  hasUnnamedNodes_ = hasUnnamedNodes_ || std::any_of(way.nodes.begin(), way.nodes.end(), isUnnamed);
+  memberWays_.push_back(std::move(way));
 }
 
 void OsmData::addRelation(OsmRelation relation) {
@@ -131,6 +148,10 @@ void OsmData::addRelation(OsmRelation relation) {
 }
 
 void OsmData::finish() {
+  ways_.insert(ways_.end(), std::make_move_iterator(memberWays_.begin()),
+               std::make_move_iterator(memberWays_.end()));
+  memberWays_ = {};
+  if (hasUnnamedNodes_) nameNodes();
   // The corners of ways repeat nodes without their tags.
   std::stable_partition(nodes_.begin(), nodes_.end(),
                         [](const OsmNode& node) { return !node.tags->empty(); });
@@ -147,9 +168,8 @@ void OsmData::takeLevelsOfRelations() {
       if (member.type != OsmType::way) continue;
       const OsmWay* found = way(member.id);
       if (found == nullptr || found->tags.has("level") || found->tags.has("building")) continue;
-      OsmTags& tags = ways_[static_cast<std::size_t>(found - ways_.data())].tags;
-      tags.add("level", relation.tags["level"]);
-      tags.finish(texts_);
+      ways_[static_cast<std::size_t>(found - ways_.data())].tags.insert("level",
+                                                                        relation.tags["level"]);
     }
   }
 }
@@ -168,7 +188,6 @@ bool OsmData::isPublished() const {
 }
 
 void OsmData::nameNodes() {
-  const auto isUnnamed = [](std::int64_t id) { return id < endOfUnnamed; };
   std::vector<std::pair<OsmPosition, std::int64_t>> named;
   for (const OsmNode& node : nodes_)
     if (!isUnnamed(node.id)) named.emplace_back(node.position, node.id);
@@ -190,7 +209,7 @@ std::int64_t OsmData::unnamedNode(OsmPosition position) {
 }
 
 std::string OsmData::nodeText(const OsmNode& node) {
-  if (node.id < endOfUnnamed)
+  if (isUnnamed(node.id))
     return fmt::format("node/at-{}-{}", node.position.longitude, node.position.latitude);
   return fmt::format("node/{}", node.id);
 }

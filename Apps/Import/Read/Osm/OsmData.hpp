@@ -23,6 +23,8 @@ class OsmTags {
   void add(std::string_view key, std::string_view value);
   /// Ends the calls of `add`: orders the tags and keeps their texts in the pool.
   void finish(TextPool& texts);
+  /// Adds a tag after `finish`. Its texts are not kept: they must be valid as long as the tags.
+  void insert(std::string_view key, std::string_view value);
 
   friend bool operator==(const OsmTags&, const OsmTags&) = default;
 
@@ -77,8 +79,8 @@ struct OsmRelation {
 };
 
 /// All objects of an extract. Readers add them in any order; `finish` orders them by identifier,
-/// keeps the first of equal ones, and gives ways without a level that of a relation with type=level
-/// that collects them.
+/// keeps the first of equal ones, gives ways the named nodes at the positions of their unnamed
+/// ones, and gives ways without a level that of a relation with type=level that collects them.
 class OsmData {
  public:
   /// `SourceError` is thrown when the extract exceeds the limits, with the name of the file.
@@ -91,6 +93,9 @@ class OsmData {
   /// Nodes without a position on Earth are left out.
   void addNode(std::int64_t id, double longitude, double latitude, OsmTags tags);
   void addWay(OsmWay way);
+  /// A way as the member of a relation repeats it, without tags. One that was added by itself
+  /// counts.
+  void addMemberWay(OsmWay way);
   void addRelation(OsmRelation relation);
   void finish();
 
@@ -112,14 +117,11 @@ class OsmData {
   /// in an editor have negative identifiers. If there are no identifiers at all, nobody knows.
   bool isPublished() const;
 
-  /// Gives the ways the named nodes at the positions of their unnamed ones. Call it before `finish`
-  /// for formats that do not name the nodes of ways.
-  void nameNodes();
-
   /// Keeps a text as long as the extract.
   std::string_view keep(std::string_view text) { return texts_.keep(text); }
 
  private:
+  void nameNodes();
   void takeLevelsOfRelations();
   // Throws if the extract has too many positions and members, or too much text.
   void count(std::size_t number, const OsmTags& tags);
@@ -128,6 +130,8 @@ class OsmData {
   std::deque<OsmTags> nodeTags_;  // of the nodes that have any; equal neighbors share them
   std::vector<OsmNode> nodes_;
   std::vector<OsmWay> ways_;
+  std::vector<OsmWay> memberWays_;
+  bool hasUnnamedNodes_ = false;  // of ways
   std::vector<OsmRelation> relations_;
   std::string file_;
   std::size_t greatestCount_;

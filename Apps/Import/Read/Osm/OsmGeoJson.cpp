@@ -12,7 +12,7 @@ namespace orivanta::importer {
 namespace {
 
 // Makes nodes, ways and relations of features. The nodes of ways have no names but their positions,
-// which `OsmData::nameNodes` replaces.
+// which `OsmData::finish` replaces.
 class Reader {
  public:
   explicit Reader(OsmData& data) : data_(data) {}
@@ -92,15 +92,12 @@ class Reader {
 Building readOsmGeoJson(std::vector<SourceFile> files, const Options& options, Findings& findings) {
   std::size_t vertices = 0;
   std::optional<Reader> reader;
-  return readOsm(
-      std::move(files), options, findings,
-      [&](const SourceFile& file, OsmData& data) {
-        // One for all files: it also numbers what has no identifier.
-        if (!reader) reader.emplace(data);
-        readGeoJsonInDegrees(file, options.limits, vertices, findings,
-                             [&](const GeoFeature& feature) { reader->add(feature); });
-      },
-      [](OsmData& data) { data.nameNodes(); });
+  return readOsm(std::move(files), options, findings, [&](const SourceFile& file, OsmData& data) {
+    // One for all files: it also numbers what has no identifier.
+    if (!reader) reader.emplace(data);
+    readGeoJsonInDegrees(file, options.limits, vertices, findings,
+                         [&](const GeoFeature& feature) { reader->add(feature); });
+  });
 }
 
 }  // namespace orivanta::importer

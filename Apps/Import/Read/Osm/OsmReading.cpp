@@ -35,11 +35,13 @@ void reportCut(const std::string& file, std::size_t line, Findings& findings) {
 }
 
 void reportRemark(const std::string& file, const std::string& remark, Findings& findings) {
+  std::size_t length = std::min<std::size_t>(remark.size(), 300);
+  while (length < remark.size() && (remark[length] & 0xC0) == 0x80) --length;  // whole characters
   Finding finding;
   finding.severity = Severity::violation;
   finding.rule = "answer-incomplete";
   finding.file = file;
-  finding.message = fmt::format("Overpass remarks: \"{}\".", remark.substr(0, 300));
+  finding.message = fmt::format("Overpass remarks: \"{}\".", remark.substr(0, length));
   finding.effect = "Parts of the building may be missing.";
   finding.advice = "Ask for a smaller area, or with a longer timeout.";
   findings.add(std::move(finding));

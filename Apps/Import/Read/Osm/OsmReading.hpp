@@ -36,26 +36,19 @@ void reportUnreadable(const std::string& file, const std::string& place, const s
 /// Makes a building of an extract. Throws `SourceError` if nothing in it is indoors.
 Building buildingFromOsm(const OsmData& data, const Options& options, Findings& findings);
 
-/// Reads all files with `read(file, data)`, calls `complete(data)`, and converts the extract to a
-/// building. The contents of files are released as soon as they have been read.
-template <class Read, class Complete>
+/// Reads all files with `read(file, data)`, and converts the extract to a building. The contents of
+/// files are released as soon as they have been read.
+template <class Read>
 Building readOsm(std::vector<SourceFile> files, const Options& options, Findings& findings,
-                 const Read& read, const Complete& complete) {
+                 const Read& read) {
   OsmData data(options.limits, files.empty() ? std::string() : files.front().name);
   for (SourceFile& file : files) {
     data.beginFile(file.name);
     read(file, data);
     file.release();
   }
-  complete(data);
   data.finish();
   return buildingFromOsm(data, options, findings);
-}
-
-template <class Read>
-Building readOsm(std::vector<SourceFile> files, const Options& options, Findings& findings,
-                 const Read& read) {
-  return readOsm(std::move(files), options, findings, read, [](const OsmData&) {});
 }
 
 }  // namespace orivanta::importer

@@ -32,14 +32,8 @@ double degrees(const pugi::xml_node& element, const char* name) {
   return element.attribute(name).as_double(nowhere);
 }
 
-// What is read at last.
-struct Rest {
-  std::vector<OsmWay> members;  // of relations, which may also be elements of their own
-  bool hasUnnamedNodes = false;
-};
-
 // Overpass may write positions into references, and leave out the numbers of the nodes.
-OsmWay wayOf(const pugi::xml_node& element, std::int64_t id, OsmData& data, Rest& rest) {
+OsmWay wayOf(const pugi::xml_node& element, std::int64_t id, OsmData& data) {
   OsmWay way{id, {}, tagsOf(element)};
   for (const pugi::xml_node& reference : element.children("nd")) {
     auto node = osmNumber(attribute(reference, "ref"));
@@ -50,10 +44,8 @@ OsmWay wayOf(const pugi::xml_node& element, std::int64_t id, OsmData& data, Rest
     const double longitude = degrees(reference, "lon");
     const double latitude = degrees(reference, "lat");
     OsmPosition position;
-    if (!node && toOsmPosition(longitude, latitude, position)) {
+    if (!node && toOsmPosition(longitude, latitude, position))
       node = OsmData::unnamedNode(position);
-      rest.hasUnnamedNodes = true;
-    }
     if (!node) continue;
     way.nodes.push_back(*node);
     data.addNode(*node, longitude, latitude, {});
@@ -61,7 +53,7 @@ OsmWay wayOf(const pugi::xml_node& element, std::int64_t id, OsmData& data, Rest
   return way;
 }
 
-OsmRelation relationOf(const pugi::xml_node& element, std::int64_t id, OsmData& data, Rest& rest) {
+OsmRelation relationOf(const pugi::xml_node& element, std::int64_t id, OsmData& data) {
   OsmRelation relation{id, {}, tagsOf(element)};
   for (const pugi::xml_node& member : element.children("member")) {
     const auto type = osmType(attribute(member, "type"));
@@ -69,13 +61,13 @@ OsmRelation relationOf(const pugi::xml_node& element, std::int64_t id, OsmData& 
     if (!type || !reference) continue;
     relation.members.push_back({*reference, *type, attribute(member, "role") == "inner"});
     if (*type == OsmType::way && member.child("nd"))
-      rest.members.push_back(wayOf(member, *reference, data, rest));
+      data.addMemberWay(wayOf(member, *reference, data));
   }
   return relation;
 }
 
 // Returns the cause if the element cannot be read.
-std::string_view addElement(const pugi::xml_node& element, OsmData& data, Rest& rest) {
+std::string_view addElement(const pugi::xml_node& element, OsmData& data) {
   const std::string_view name = element.name();
   const auto type = osmType(name);
   if (!type || name.size() == 1) return {};
@@ -83,8 +75,8 @@ std::string_view addElement(const pugi::xml_node& element, OsmData& data, Rest& 
     return {};
   const auto id = osmNumber(attribute(element, "id"));
   if (!id) return "it has no numeric id";
-  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data, rest));
-  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id, data, rest));
+  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data));
+  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id, data));
   if (*type != OsmType::node) return {};
   if (!element.attribute("lat") || !element.attribute("lon")) return "it has no position";
   data.addNode(*id, degrees(element, "lon"), degrees(element, "lat"), tagsOf(element));
@@ -105,7 +97,7 @@ void requireUtf8(const SourceFile& file) {
   throw SourceError(fmt::format("{}: the text is not in UTF-8; save it in UTF-8", file.name));
 }
 
-void readXml(const SourceFile& file, OsmData& data, Rest& rest, Findings& findings) {
+void readXml(const SourceFile& file, OsmData& data, Findings& findings) {
   requireUtf8(file);
   XmlElements elements(file.bytes);
   if (const std::string_view root = elements.enterRoot(); root != "osm")
@@ -119,7 +111,7 @@ void readXml(const SourceFile& file, OsmData& data, Rest& rest, Findings& findin
     const pugi::xml_node root = document.document_element();
     if (std::string_view(root.name()) == "remark")
       reportRemark(file.name, std::string(trimmed(root.child_value())), findings);
-    const std::string_view cause = result ? addElement(root, data, rest) : result.description();
+    const std::string_view cause = result ? addElement(root, data) : result.description();
     if (!cause.empty())
       reportUnreadable(file.name, fmt::format("The element in line {}", elements.lineOf(element)),
                        std::string(cause), findings);
@@ -130,15 +122,8 @@ void readXml(const SourceFile& file, OsmData& data, Rest& rest, Findings& findin
 }  // namespace
 
 Building readOsmXml(std::vector<SourceFile> files, const Options& options, Findings& findings) {
-  Rest rest;
-  return readOsm(
-      std::move(files), options, findings,
-      [&](const SourceFile& file, OsmData& data) { readXml(file, data, rest, findings); },
-      [&](OsmData& data) {
-        // Of equal ways, the first counts, which has its tags.
-        for (OsmWay& way : rest.members) data.addWay(std::move(way));
-        if (rest.hasUnnamedNodes) data.nameNodes();
-      });
+  return readOsm(std::move(files), options, findings,
+                 [&](const SourceFile& file, OsmData& data) { readXml(file, data, findings); });
 }
 
 }  // namespace orivanta::importer

@@ -71,20 +71,13 @@ void addGeometry(const json::object& element, OsmWay& way, OsmData& data) {
   }
 }
 
-// What is read at last.
-struct Rest {
-  std::vector<OsmWay> members;  // of relations, which may also be elements of their own
-  bool hasUnnamedNodes = false;
-};
-
-OsmWay wayOf(const json::object& element, std::int64_t id, OsmData& data, Rest& rest) {
+OsmWay wayOf(const json::object& element, std::int64_t id, OsmData& data) {
   OsmWay way{id, {}, tagsOf(element)};
   addGeometry(element, way, data);
-  rest.hasUnnamedNodes |= !element.contains("nodes");
   return way;
 }
 
-OsmRelation relationOf(const json::object& element, std::int64_t id, OsmData& data, Rest& rest) {
+OsmRelation relationOf(const json::object& element, std::int64_t id, OsmData& data) {
   OsmRelation relation{id, {}, tagsOf(element)};
   for (const json::value& value : arrayOf(element, "members")) {
     if (!value.is_object()) continue;
@@ -94,13 +87,13 @@ OsmRelation relationOf(const json::object& element, std::int64_t id, OsmData& da
     if (!type || !reference) continue;
     relation.members.push_back({*reference, *type, textOf(member, "role") == "inner"});
     if (*type == OsmType::way && member.contains("geometry"))
-      rest.members.push_back(wayOf(member, *reference, data, rest));
+      data.addMemberWay(wayOf(member, *reference, data));
   }
   return relation;
 }
 
 // Returns the cause if the element cannot be read.
-std::string_view addElement(const json::value& value, OsmData& data, Rest& rest) {
+std::string_view addElement(const json::value& value, OsmData& data) {
   if (!value.is_object()) return "it is no JSON object";
   const json::object& element = value.get_object();
   const auto type = osmType(textOf(element, "type"));
@@ -109,14 +102,13 @@ std::string_view addElement(const json::value& value, OsmData& data, Rest& rest)
   if (!id) return "it has no numeric id";
   if (*type == OsmType::node)
     data.addNode(*id, degrees(element, "lon"), degrees(element, "lat"), tagsOf(element));
-  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data, rest));
-  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id, data, rest));
+  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data));
+  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id, data));
   return {};
 }
 
 // Parses one element at a time, so that a large file takes little memory.
-void readElements(const SourceFile& file, const Limits& limits, OsmData& data, Rest& rest,
-                  Findings& findings) {
+void readElements(const SourceFile& file, const Limits& limits, OsmData& data, Findings& findings) {
   const std::string_view text = withoutByteOrderMark(file.bytes);
   const FeatureTexts elements = splitFeatures(text, 2 * limits.vertices, "elements");
   if (!elements.found)
@@ -131,7 +123,7 @@ void readElements(const SourceFile& file, const Limits& limits, OsmData& data, R
     const std::string place = fmt::format("Element {} of \"elements\"", ++number);
     const ParsedJson parsed = parseJson(element, memory);
     const std::string_view cause =
-        parsed.error.empty() ? addElement(parsed.value, data, rest) : parsed.error;
+        parsed.error.empty() ? addElement(parsed.value, data) : parsed.error;
     if (!cause.empty()) reportUnreadable(file.name, place, std::string(cause), findings);
   }
   if (elements.cut)
@@ -143,17 +135,9 @@ void readElements(const SourceFile& file, const Limits& limits, OsmData& data, R
 
 Building readOverpassJson(std::vector<SourceFile> files, const Options& options,
                           Findings& findings) {
-  Rest rest;
-  return readOsm(
-      std::move(files), options, findings,
-      [&](const SourceFile& file, OsmData& data) {
-        readElements(file, options.limits, data, rest, findings);
-      },
-      [&](OsmData& data) {
-        // Of equal ways, the first counts, which has its tags.
-        for (OsmWay& way : rest.members) data.addWay(std::move(way));
-        if (rest.hasUnnamedNodes) data.nameNodes();
-      });
+  return readOsm(std::move(files), options, findings, [&](const SourceFile& file, OsmData& data) {
+    readElements(file, options.limits, data, findings);
+  });
 }
 
 }  // namespace orivanta::importer
