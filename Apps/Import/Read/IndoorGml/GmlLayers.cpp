@@ -44,8 +44,8 @@ bool isWithin(const Box& cell, const Box& other) {
   const Point middle = (cell.least + cell.greatest) * 0.5;
   const double common = std::min(cell.highest, other.highest) - std::max(cell.lowest, other.lowest);
   const double lower = std::min(cell.highest - cell.lowest, other.highest - other.lowest);
-  return cell.storey == other.storey && common >= 0.5 * lower && other.least.x <= middle.x &&
-         middle.x <= other.greatest.x && other.least.y <= middle.y && middle.y <= other.greatest.y;
+  return common >= 0.5 * lower && other.least.x <= middle.x && middle.x <= other.greatest.x &&
+         other.least.y <= middle.y && middle.y <= other.greatest.y && cell.storey == other.storey;
 }
 
 class Chooser {
@@ -73,25 +73,39 @@ class Chooser {
 
  private:
   // Whether the layer has cells, and few of them are or lie in those of used layers.
-  bool isElsewhere(const std::vector<std::size_t>& cells) const {
+  bool isElsewhere(const std::vector<std::size_t>& cells) {
     constexpr std::size_t mostTests = 200;
     std::size_t inside = 0;
     const std::size_t tests = std::min(cells.size(), mostTests);
     for (std::size_t each = 0; each < tests; ++each) {
       const std::size_t cell = cells[each * cells.size() / tests];
       if (used_.contains(cell)) return false;
-      const Box box = boxOf(document_.cells[cell]);
-      inside += std::any_of(boxes_.begin(), boxes_.end(),
-                            [&](const Box& other) { return isWithin(box, other); })
-                    ? 1
-                    : 0;
+      inside += isInUsed(boxAt(cell)) ? 1 : 0;
     }
     return 2 * inside < tests;
   }
 
+  // A document with very many layers has one for each cell or storey. When the comparisons take
+  // too long, further layers count as elsewhere, so that nothing is lost.
+  bool isInUsed(const Box& box) {
+    constexpr std::size_t mostComparisons = 200'000'000;
+    if (comparisons_ > mostComparisons) return false;
+    const auto found = std::find_if(boxes_.begin(), boxes_.end(),
+                                    [&](const Box* other) { return isWithin(box, *other); });
+    comparisons_ += static_cast<std::size_t>(found - boxes_.begin());
+    return found != boxes_.end();
+  }
+
+  // Layers may share cells, whose boxes are measured once.
+  const Box& boxAt(std::size_t cell) {
+    const auto [box, isNew] = measured_.try_emplace(cell);
+    if (isNew) box->second = boxOf(document_.cells[cell]);
+    return box->second;
+  }
+
   void use(const std::vector<std::size_t>& cells) {
     for (const std::size_t cell : cells)
-      if (used_.insert(cell).second) boxes_.push_back(boxOf(document_.cells[cell]));
+      if (used_.insert(cell).second) boxes_.push_back(&boxAt(cell));
   }
 
   void leaveOut(std::size_t layer, const std::vector<std::size_t>& cells) {
@@ -128,9 +142,11 @@ class Chooser {
   Findings& findings_;
   std::map<std::size_t, std::vector<std::size_t>> layers_;  // the cells of each, by its number
   std::unordered_set<std::size_t> used_;                    // cells
-  std::vector<Box> boxes_;                                  // of used cells
-  std::unordered_set<std::size_t> leftOut_;                 // layers
-  std::unordered_set<std::string> dropped_;                 // cells
+  std::unordered_map<std::size_t, Box> measured_;           // by the number of the cell
+  std::vector<const Box*> boxes_;                           // of used cells
+  std::size_t comparisons_ = 0;
+  std::unordered_set<std::size_t> leftOut_;  // layers
+  std::unordered_set<std::string> dropped_;  // cells
 };
 
 }  // namespace
