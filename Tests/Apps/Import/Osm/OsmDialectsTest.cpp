@@ -156,6 +156,17 @@ TEST(OsmDialects, LevelsComeFromNumbersAndRelations) {
   EXPECT_EQ(findings.countOf("level-missing"), 1U);
 }
 
+TEST(OsmDialects, RowsThatRepeatAnIdentifierAreSeveralRooms) {
+  std::string rows;
+  for (const int left : {1, 2, 2})
+    rows += fmt::format(
+        R"({}{{"properties":{{"osm_id":-5,"indoor":"room","level":0}},"geometry":{{"type":)"
+        R"("Polygon","coordinates":[[[8.000{},47],[8.0009,47],[8.0009,47.0001]]]}}}})",
+        rows.empty() ? "" : ",", left);
+  Findings findings;
+  EXPECT_EQ(readText("{\"features\":[" + rows + "]}", findings).areas.size(), 2U);
+}
+
 TEST(OsmDialects, DoorsMayBeLines) {
   OsmText text;
   text.box(1, 0, 0, 5, 5, {{"indoor", "room"}, {"level", "2"}});
