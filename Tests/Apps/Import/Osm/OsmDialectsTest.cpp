@@ -68,6 +68,9 @@ TEST(OsmDialects, GeoJsonOfAllConvertersGivesTheSameBuilding) {
         return with({{"element_type", type}, {"osmid", std::stoll(id)}, {"shop", nullptr}}, tags);
       },
       [](const Text& type, const Text& id, const Object& tags) {
+        return Object{{"osm_type", type}, {"osm_id", id}, {"tags", hstore(tags)}};
+      },
+      [](const Text& type, const Text& id, const Object& tags) {
         return with({{"@osmId", type + "/" + id}}, tags);
       },
       [](const Text& type, const Text& id, const Object& tags) {
