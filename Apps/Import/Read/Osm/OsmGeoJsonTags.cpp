@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <boost/json/serialize.hpp>
-#include <limits>
 #include <string>
 #include <string_view>
 
@@ -145,11 +144,8 @@ std::optional<OsmObjectId> osmObjectId(const GeoFeature& feature) {
   const GeoGeometry& geometry = feature.geometry;
   if (!geometry.points.empty()) return OsmObjectId{OsmType::node, *number};
   const auto& polygons = geometry.polygons;
-  if (*number < 0)
-    return OsmObjectId{OsmType::relation,
-                       -std::max(*number, -std::numeric_limits<std::int64_t>::max()), true};
   const bool isRelation =
-      polygons.size() > 1 || geometry.lines.size() > 1 ||
+      *number < 0 || polygons.size() > 1 || geometry.lines.size() > 1 ||
       (!polygons.empty() && (!polygons[0].holes.empty() || properties.contains("osm_way_id")));
   return OsmObjectId{isRelation ? OsmType::relation : OsmType::way, *number, true};
 }
