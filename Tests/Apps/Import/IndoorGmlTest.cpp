@@ -186,6 +186,17 @@ TEST(IndoorGml, StatesAloneAreANetworkWithPlaces) {
   EXPECT_EQ(building.places[0].spots.size(), 1U);
 }
 
+TEST(IndoorGml, LayersOfStatesAloneMayBeStoreys) {
+  Findings findings;
+  const std::string next = "</SpaceLayer><SpaceLayer>";
+  const Building building =
+      read("<MultiLayeredGraph><SpaceLayer>" + state("1", 0) + next + state("2", 4) + next +
+               state("3", 0) + "</SpaceLayer></MultiLayeredGraph>",
+           findings);
+  EXPECT_EQ(building.storeys.size(), 2U);
+  EXPECT_EQ(findings.countOf("layer-ignored"), 1U);
+}
+
 TEST(IndoorGml, DegreesNeedNoReferenceSystem) {
   std::string contents = cell("GeneralSpace", "A", "storey=1", solid(0, 1, 0, "pos", true));
   contents =

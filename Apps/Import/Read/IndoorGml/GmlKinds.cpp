@@ -37,9 +37,6 @@ std::optional<AreaKind> kindOfWord(const std::string& text) {
   return std::nullopt;
 }
 
-// The last word that is no number or letter tells what it is: an "Elevator Lobby 2" is a lobby, and
-// an "Upstairs Cafe" is none of these. Scripts without blanks have the word anywhere. `alone`:
-// there must be no other words.
 constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz";
 
 struct LastWord {
@@ -61,6 +58,9 @@ LastWord lastWordOf(const std::string& name) {
   return {last, count};
 }
 
+// The last word that is no number or letter tells what it is: an "Elevator Lobby 2" is a lobby, and
+// an "Upstairs Cafe" is none of these. Scripts without blanks have the word anywhere. `alone`:
+// there must be no other words.
 std::optional<AreaKind> kindOfName(const std::string& name, bool alone) {
   const auto [last, count] = lastWordOf(name);
   if (alone && count > 1) return std::nullopt;

@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <deque>
 #include <map>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -16,14 +18,27 @@ namespace orivanta::importer {
 
 namespace {
 
-// Where a cell lies.
+// Where a cell or a state lies.
 struct Box {
   Point least{1e9, 1e9};
   Point greatest{-1e9, -1e9};
   double lowest = 0.0;
   double highest = 0.0;
-  std::string storey;
+  std::optional<std::string> storey;  // of cells
 };
+
+Box boxOf(const GmlPosition& position) {
+  const Point point{position.x, position.y};
+  return {point, point, position.z, position.z, std::nullopt};
+}
+
+void extend(Box& box, const Box& other) {
+  box.least = {std::min(box.least.x, other.least.x), std::min(box.least.y, other.least.y)};
+  box.greatest = {std::max(box.greatest.x, other.greatest.x),
+                  std::max(box.greatest.y, other.greatest.y)};
+  box.lowest = std::min(box.lowest, other.lowest);
+  box.highest = std::max(box.highest, other.highest);
+}
 
 Box boxOf(const GmlSpace& cell) {
   Box box;
@@ -39,65 +54,110 @@ Box boxOf(const GmlSpace& cell) {
   return box;
 }
 
-// Whether the middle of a cell lies within another one on the same storey.
+// Whether the middle of a cell or a state lies within another box on the same storey.
 bool isWithin(const Box& cell, const Box& other) {
   const Point middle = (cell.least + cell.greatest) * 0.5;
   const double common = std::min(cell.highest, other.highest) - std::max(cell.lowest, other.lowest);
   const double lower = std::min(cell.highest - cell.lowest, other.highest - other.lowest);
-  return cell.storey == other.storey && common >= 0.5 * lower && other.least.x <= middle.x &&
-         middle.x <= other.greatest.x && other.least.y <= middle.y && middle.y <= other.greatest.y;
+  return common >= 0.5 * lower && other.least.x <= middle.x && middle.x <= other.greatest.x &&
+         other.least.y <= middle.y && middle.y <= other.greatest.y &&
+         (!cell.storey || cell.storey == other.storey);
 }
 
 class Chooser {
  public:
   Chooser(GmlDocument& document, Findings& findings) : document_(document), findings_(findings) {
     std::unordered_map<std::string, std::size_t> cells;
-    for (std::size_t each = 0; each < document.cells.size(); ++each)
+    std::unordered_map<std::string, std::size_t> cellsByState;
+    for (std::size_t each = 0; each < document.cells.size(); ++each) {
       cells.emplace(document.cells[each].id, each);
+      if (const std::string& state = document.cells[each].duality; !state.empty())
+        cellsByState.emplace(state, each);
+    }
     for (const GmlState& state : document.states) {
-      std::vector<std::size_t>& layer = layers_[state.layer];
+      Layer& layer = layers_[state.layer];
       if (const auto cell = cells.find(state.duality); cell != cells.end())
-        layer.push_back(cell->second);
+        layer.cells.push_back(cell->second);
+      else if (const auto dual = cellsByState.find(state.id); dual != cellsByState.end())
+        layer.cells.push_back(dual->second);
+      for (const GmlPosition& position : state.positions) layer.states.push_back(boxOf(position));
     }
   }
 
   void run() {
-    for (const auto& [layer, cells] : layers_)
-      if (layer == layers_.begin()->first || isElsewhere(cells))
-        use(cells);
+    for (const auto& [number, layer] : layers_)
+      if (number == layers_.begin()->first || isElsewhere(layer))
+        use(layer);
       else
-        leaveOut(layer, cells);
+        leaveOut(number, layer);
+    if (leftOut_.empty()) return dropStatesAndTransitions();
+    const std::size_t cells = dropCells();
     dropStatesAndTransitions();
-    dropCells();
+    report(cells);
   }
 
  private:
-  // Whether the layer has cells, and few of them are or lie in those of used layers.
-  bool isElsewhere(const std::vector<std::size_t>& cells) const {
-    constexpr std::size_t mostTests = 200;
+  struct Layer {
+    std::vector<std::size_t> cells;
+    std::vector<Box> states;
+  };
+
+  static constexpr std::size_t mostTests = 200;
+
+  // Whether few of its cells are or lie in those of used layers. Without cells, its states count.
+  bool isElsewhere(const Layer& layer) {
+    const std::vector<std::size_t>& cells = layer.cells;
+    if (cells.empty()) return areStatesElsewhere(layer.states);
     std::size_t inside = 0;
     const std::size_t tests = std::min(cells.size(), mostTests);
     for (std::size_t each = 0; each < tests; ++each) {
       const std::size_t cell = cells[each * cells.size() / tests];
       if (used_.contains(cell)) return false;
-      const Box box = boxOf(document_.cells[cell]);
-      inside += std::any_of(boxes_.begin(), boxes_.end(),
-                            [&](const Box& other) { return isWithin(box, other); })
-                    ? 1
-                    : 0;
+      inside += isIn(boxAt(cell), boxes_) ? 1 : 0;
     }
     return 2 * inside < tests;
   }
 
-  void use(const std::vector<std::size_t>& cells) {
-    for (const std::size_t cell : cells)
-      if (used_.insert(cell).second) boxes_.push_back(boxOf(document_.cells[cell]));
+  bool areStatesElsewhere(const std::vector<Box>& states) {
+    std::size_t inside = 0;
+    const std::size_t tests = std::min(states.size(), mostTests);
+    for (std::size_t each = 0; each < tests; ++each) {
+      const Box& state = states[each * states.size() / tests];
+      inside += isIn(state, extents_) || isIn(state, boxes_) ? 1 : 0;
+    }
+    return 2 * inside < tests;
   }
 
-  void leaveOut(std::size_t layer, const std::vector<std::size_t>& cells) {
-    leftOut_.insert(layer);
-    for (const std::size_t cell : cells)
-      if (!used_.contains(cell)) dropped_.insert(document_.cells[cell].id);
+  // A document with very many layers has one for each cell or storey. When the comparisons take
+  // too long, further layers count as elsewhere, so that nothing is lost.
+  bool isIn(const Box& box, const std::vector<const Box*>& boxes) {
+    constexpr std::size_t mostComparisons = 200'000'000;
+    if (comparisons_ > mostComparisons) return false;
+    const auto found = std::find_if(boxes.begin(), boxes.end(),
+                                    [&](const Box* other) { return isWithin(box, *other); });
+    comparisons_ += static_cast<std::size_t>(found - boxes.begin());
+    return found != boxes.end();
+  }
+
+  // Layers may share cells, whose boxes are measured once.
+  const Box& boxAt(std::size_t cell) {
+    const auto [box, isNew] = measured_.try_emplace(cell);
+    if (isNew) box->second = boxOf(document_.cells[cell]);
+    return box->second;
+  }
+
+  void use(const Layer& layer) {
+    for (const std::size_t cell : layer.cells)
+      if (used_.insert(cell).second) boxes_.push_back(&boxAt(cell));
+    if (!layer.cells.empty() || layer.states.empty()) return;
+    Box& extent = extentStorage_.emplace_back(layer.states.front());
+    for (const Box& state : layer.states) extend(extent, state);
+    extents_.push_back(&extent);
+  }
+
+  void leaveOut(std::size_t number, const Layer& layer) {
+    leftOut_.insert(number);
+    for (const std::size_t cell : layer.cells) dropped_.insert(cell);
   }
 
   void dropStatesAndTransitions() {
@@ -111,26 +171,39 @@ class Chooser {
     });
   }
 
-  void dropCells() {
-    if (dropped_.empty()) return;
-    std::erase_if(document_.cells,
-                  [&](const GmlSpace& cell) { return dropped_.contains(cell.id); });
+  // Returns how many are dropped.
+  std::size_t dropCells() {
+    std::unordered_set<std::string> ids;
+    for (const std::size_t cell : dropped_)
+      if (!used_.contains(cell)) ids.insert(document_.cells[cell].id);
+    return std::erase_if(document_.cells,
+                         [&](const GmlSpace& cell) { return ids.contains(cell.id); });
+  }
+
+  void report(std::size_t cells) {
+    const bool isOne = leftOut_.size() == 1;
     Finding finding = makeFinding(
         Severity::info, "layer-ignored", "",
-        {fmt::format("{} cells belong only to layers that describe places of the first one again.",
-                     dropped_.size()),
-         "They are left out.", "If they are rooms, put their states into the first layer."});
+        {fmt::format("{} of {} layers {} places of the others again.", leftOut_.size(),
+                     layers_.size(), isOne ? "describes" : "describe"),
+         fmt::format("{} states are left out, and {} cells that belong to no other layer.",
+                     isOne ? "Its" : "Their", cells),
+         "If they are rooms, put their states into the first layer."});
     finding.file = document_.file;
     findings_.add(std::move(finding));
   }
 
   GmlDocument& document_;
   Findings& findings_;
-  std::map<std::size_t, std::vector<std::size_t>> layers_;  // the cells of each, by its number
-  std::unordered_set<std::size_t> used_;                    // cells
-  std::vector<Box> boxes_;                                  // of used cells
-  std::unordered_set<std::size_t> leftOut_;                 // layers
-  std::unordered_set<std::string> dropped_;                 // cells
+  std::map<std::size_t, Layer> layers_;            // by their numbers
+  std::unordered_set<std::size_t> used_;           // cells
+  std::unordered_map<std::size_t, Box> measured_;  // by the number of the cell
+  std::vector<const Box*> boxes_;                  // of used cells
+  std::deque<Box> extentStorage_;
+  std::vector<const Box*> extents_;  // of used layers without cells
+  std::size_t comparisons_ = 0;
+  std::unordered_set<std::size_t> leftOut_;  // layers
+  std::unordered_set<std::size_t> dropped_;  // cells of layers that are left out
 };
 
 }  // namespace

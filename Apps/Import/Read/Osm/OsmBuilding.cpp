@@ -43,7 +43,7 @@ Georeference georeferenceOf(OsmPosition position) {
         "with \"out geom;\" at the end of a query to Overpass";
   for (const Finding& finding : findings.sorted()) {
     const bool isLevel = finding.rule == "level-unreadable";
-    if (!isLevel && finding.rule != "answer-incomplete") continue;
+    if (!isLevel && finding.rule != "answer-incomplete" && finding.rule != "file-cut") continue;
     cause = (isLevel ? "levels cannot be read, as of " + finding.source + ": " : "") +
             finding.message + ' ' + finding.advice;
     break;

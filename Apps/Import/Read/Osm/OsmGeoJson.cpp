@@ -1,4 +1,5 @@
 #include <limits>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -37,7 +38,8 @@ class Reader {
   void addShape(const GeoFeature& feature) {
     const GeoGeometry& geometry = feature.geometry;
     if (geometry.lines.empty() && geometry.polygons.empty()) return;
-    const OsmObjectId id = osmObjectId(feature).value_or(OsmObjectId{OsmType::way, --unnamedWay_});
+    OsmObjectId id = osmObjectId(feature).value_or(OsmObjectId{OsmType::way, --unnamedWay_});
+    if (id.isGuessed) id.id = numberOfRow(id, geometry);
     OsmTags tags = osmTagsOf(feature.properties, data_);
     const bool isWay = id.type != OsmType::relation;
     const bool isSimple = geometry.polygons.size() <= 1 && geometry.lines.size() <= 1 &&
@@ -60,6 +62,20 @@ class Reader {
       for (const Outline& hole : polygon.holes) addRing(--unnamedWay_, hole, true, {}, relation);
     }
     data_.addRelation(std::move(relation));
+  }
+
+  // Databases split multipolygons into rows that repeat an identifier: all but the first get other
+  // numbers. Rows that begin at the same point are the same one, as in extracts that overlap.
+  std::int64_t numberOfRow(OsmObjectId id, const GeoGeometry& geometry) {
+    const Outline& line =
+        geometry.polygons.empty() ? geometry.lines[0] : geometry.polygons[0].outer;
+    OsmPosition start;
+    if (line.empty() || !toOsmPosition(line[0].x, line[0].y, start)) return id.id;
+    std::map<std::int64_t, std::int64_t>& rows = rows_[{id.type, id.id}];
+    const bool isFirst = rows.empty();
+    const auto [row, isNew] = rows.try_emplace(OsmData::unnamedNode(start), id.id);
+    if (isNew && !isFirst) row->second = --unnamedWay_;
+    return row->second;
   }
 
   void addRing(std::int64_t id, const Outline& ring, bool isInner, OsmTags tags,
@@ -85,6 +101,8 @@ class Reader {
   OsmData& data_;
   // Editors count new objects downward from -1.
   std::int64_t unnamedWay_ = std::numeric_limits<std::int64_t>::min() / 2;
+  // The numbers of shapes whose types are not stated, by their identifiers and first corners.
+  std::map<std::pair<OsmType, std::int64_t>, std::map<std::int64_t, std::int64_t>> rows_;
 };
 
 }  // namespace

@@ -53,9 +53,10 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 5> idPairs =
 
 bool isTag(std::string_view key) {
   for (const std::string_view other :
-       {"id",       "timestamp", "version", "changeset",    "user",    "uid",        "visible",
-        "meta",     "relations", "tainted", "ndrefs",       "full_id", "osm_id",     "osm_way_id",
-        "osm_type", "osmid",     "element", "element_type", "z_order", "other_tags", "all_tags"})
+       {"id",      "timestamp",  "version",   "changeset", "user",    "uid",
+        "visible", "meta",       "relations", "tainted",   "ndrefs",  "full_id",
+        "osm_id",  "osm_way_id", "osm_type",  "osmid",     "element", "element_type",
+        "z_order", "other_tags", "all_tags",  "tags"})
     if (key == other) return false;
   return !key.starts_with('@');
 }
@@ -144,9 +145,9 @@ std::optional<OsmObjectId> osmObjectId(const GeoFeature& feature) {
   if (!geometry.points.empty()) return OsmObjectId{OsmType::node, *number};
   const auto& polygons = geometry.polygons;
   const bool isRelation =
-      polygons.size() > 1 || geometry.lines.size() > 1 ||
+      *number < 0 || polygons.size() > 1 || geometry.lines.size() > 1 ||
       (!polygons.empty() && (!polygons[0].holes.empty() || properties.contains("osm_way_id")));
-  return OsmObjectId{isRelation ? OsmType::relation : OsmType::way, *number};
+  return OsmObjectId{isRelation ? OsmType::relation : OsmType::way, *number, true};
 }
 
 OsmTags osmTagsOf(const json::object& properties, OsmData& data) {
@@ -154,8 +155,9 @@ OsmTags osmTagsOf(const json::object& properties, OsmData& data) {
   OsmTags tags;
   for (const auto& [key, value] : nested != nullptr ? *nested : properties)
     if (isTag(key)) addTag(key, value, tags, data);
-  addPacked(properties.if_contains("other_tags"), tags, data);
-  addPacked(properties.if_contains("all_tags"), tags, data);
+  for (const char* key : {"other_tags", "all_tags"})
+    addPacked(properties.if_contains(key), tags, data);
+  if (nested == nullptr) addPacked(properties.if_contains("tags"), tags, data);
   // Of a repeated key, the first value counts, so that a level of its own comes first.
   addLevelOfRelation(properties, tags, data);
   return tags;

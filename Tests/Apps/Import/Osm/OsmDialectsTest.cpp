@@ -68,6 +68,9 @@ TEST(OsmDialects, GeoJsonOfAllConvertersGivesTheSameBuilding) {
         return with({{"element_type", type}, {"osmid", std::stoll(id)}, {"shop", nullptr}}, tags);
       },
       [](const Text& type, const Text& id, const Object& tags) {
+        return Object{{"osm_type", type}, {"osm_id", id}, {"tags", hstore(tags)}};
+      },
+      [](const Text& type, const Text& id, const Object& tags) {
         return with({{"@osmId", type + "/" + id}}, tags);
       },
       [](const Text& type, const Text& id, const Object& tags) {
@@ -156,6 +159,17 @@ TEST(OsmDialects, LevelsComeFromNumbersAndRelations) {
   EXPECT_EQ(joined.lines.at(1).levels, std::vector<double>{0.0});
   EXPECT_EQ(joined.lines.at(2).levels, (std::vector<double>{0.0, 1.0}));
   EXPECT_EQ(findings.countOf("level-missing"), 1U);
+}
+
+TEST(OsmDialects, RowsThatRepeatAnIdentifierAreSeveralRooms) {
+  std::string rows;
+  for (const int left : {1, 2, 2})
+    rows += fmt::format(
+        R"({}{{"properties":{{"osm_id":-5,"indoor":"room","level":0}},"geometry":{{"type":)"
+        R"("Polygon","coordinates":[[[8.000{},47],[8.0009,47],[8.0009,47.0001]]]}}}})",
+        rows.empty() ? "" : ",", left);
+  Findings findings;
+  EXPECT_EQ(readText("{\"features\":[" + rows + "]}", findings).areas.size(), 2U);
 }
 
 TEST(OsmDialects, DoorsMayBeLines) {
