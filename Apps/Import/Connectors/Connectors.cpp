@@ -42,10 +42,10 @@ class ConnectorMaker {
       for (const std::size_t i : set) open[i] = !onSeveralLevels(set);
     for (const auto& [lower, upper] : found_.betweenExits())
       if (open[lower] && open[upper]) sets.join(lower, upper);
+    std::vector<bool> drawn = takeLines(open, sets);
     for (const Pieces::WayOut& way : found_.waysOut()) open[way.exit] = false;
     for (std::size_t i = 0; i < pieces_.size(); ++i)
       if (joinsItsStorey(pieces_[i], surroundings_)) open[i] = false;
-    std::vector<bool> drawn = takeLines(open, sets);
     pairByShape(pieces_, heights_, open, sets, found_.betweenExits());
     takeWaysOut(sets, drawn);
     pairFar(pieces_, heights_, leadingNowhere(sets, drawn), sets);

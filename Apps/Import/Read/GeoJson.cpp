@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Read/CoordinateCheck.hpp"
 #include "Apps/Import/Read/FeatureTexts.hpp"
 #include "Apps/Import/Read/GeoJsonGeometry.hpp"
@@ -179,12 +180,11 @@ class Reader {
 
   void reportEncoding() {
     if (std::exchange(isEncodingReported_, true)) return;
-    Finding finding;
-    finding.rule = "text-not-utf8";
+    Finding finding = makeFinding(
+        Severity::warning, "text-not-utf8", "",
+        {"The text is not in UTF-8.", "It is taken as Windows-1252, so letters may be wrong.",
+         "Export the file in UTF-8."});
     finding.file = file_.name;
-    finding.message = "The text is not in UTF-8.";
-    finding.effect = "It is taken as Windows-1252, so letters may be wrong.";
-    finding.advice = "Export the file in UTF-8.";
     findings_.add(std::move(finding));
   }
 

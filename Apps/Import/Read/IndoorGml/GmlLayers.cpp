@@ -13,40 +13,38 @@
 #include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Read/IndoorGml/GmlFootprint.hpp"
 #include "Apps/Import/Read/IndoorGml/GmlStoreys.hpp"
+#include "Apps/Package/Box.hpp"
 
 namespace orivanta::importer {
 
 namespace {
 
 // Where a cell or a state lies.
-struct Box {
-  Point least{1e9, 1e9};
-  Point greatest{-1e9, -1e9};
+struct Volume {
+  package::Box plan;
   double lowest = 0.0;
   double highest = 0.0;
   std::optional<std::string> storey;  // of cells
 };
 
-Box boxOf(const GmlPosition& position) {
-  const Point point{position.x, position.y};
-  return {point, point, position.z, position.z, std::nullopt};
+Volume boxOf(const GmlPosition& position) {
+  Volume box;
+  box.plan.add(Point{position.x, position.y});
+  box.lowest = box.highest = position.z;
+  return box;
 }
 
-void extend(Box& box, const Box& other) {
-  box.least = {std::min(box.least.x, other.least.x), std::min(box.least.y, other.least.y)};
-  box.greatest = {std::max(box.greatest.x, other.greatest.x),
-                  std::max(box.greatest.y, other.greatest.y)};
+void extend(Volume& box, const Volume& other) {
+  box.plan.add(other.plan.least);
+  box.plan.add(other.plan.most);
   box.lowest = std::min(box.lowest, other.lowest);
   box.highest = std::max(box.highest, other.highest);
 }
 
-Box boxOf(const GmlSpace& cell) {
-  Box box;
+Volume boxOf(const GmlSpace& cell) {
+  Volume box;
   for (const GmlFace& face : cell.faces)
-    for (const GmlPosition& each : face.outer) {
-      box.least = {std::min(box.least.x, each.x), std::min(box.least.y, each.y)};
-      box.greatest = {std::max(box.greatest.x, each.x), std::max(box.greatest.y, each.y)};
-    }
+    for (const GmlPosition& each : face.outer) box.plan.add(Point{each.x, each.y});
   const GmlExtent extent = extentOf(cell.faces);
   box.lowest = extent.lowest;
   box.highest = extent.highest;
@@ -55,12 +53,12 @@ Box boxOf(const GmlSpace& cell) {
 }
 
 // Whether the middle of a cell or a state lies within another box on the same storey.
-bool isWithin(const Box& cell, const Box& other) {
-  const Point middle = (cell.least + cell.greatest) * 0.5;
+bool isWithin(const Volume& cell, const Volume& other) {
+  const Point middle = (cell.plan.least + cell.plan.most) * 0.5;
   const double common = std::min(cell.highest, other.highest) - std::max(cell.lowest, other.lowest);
   const double lower = std::min(cell.highest - cell.lowest, other.highest - other.lowest);
-  return common >= 0.5 * lower && other.least.x <= middle.x && middle.x <= other.greatest.x &&
-         other.least.y <= middle.y && middle.y <= other.greatest.y &&
+  return common >= 0.5 * lower && other.plan.least.x <= middle.x && middle.x <= other.plan.most.x &&
+         other.plan.least.y <= middle.y && middle.y <= other.plan.most.y &&
          (!cell.storey || cell.storey == other.storey);
 }
 
@@ -99,7 +97,7 @@ class Chooser {
  private:
   struct Layer {
     std::vector<std::size_t> cells;
-    std::vector<Box> states;
+    std::vector<Volume> states;
   };
 
   static constexpr std::size_t mostTests = 200;
@@ -118,11 +116,11 @@ class Chooser {
     return 2 * inside < tests;
   }
 
-  bool areStatesElsewhere(const std::vector<Box>& states) {
+  bool areStatesElsewhere(const std::vector<Volume>& states) {
     std::size_t inside = 0;
     const std::size_t tests = std::min(states.size(), mostTests);
     for (std::size_t each = 0; each < tests; ++each) {
-      const Box& state = states[each * states.size() / tests];
+      const Volume& state = states[each * states.size() / tests];
       inside += isIn(state, extents_) || isIn(state, boxes_) ? 1 : 0;
     }
     return 2 * inside < tests;
@@ -130,17 +128,17 @@ class Chooser {
 
   // A document with very many layers has one for each cell or storey. When the comparisons take
   // too long, further layers count as elsewhere, so that nothing is lost.
-  bool isIn(const Box& box, const std::vector<const Box*>& boxes) {
+  bool isIn(const Volume& box, const std::vector<const Volume*>& boxes) {
     constexpr std::size_t mostComparisons = 200'000'000;
     if (comparisons_ > mostComparisons) return false;
     const auto found = std::find_if(boxes.begin(), boxes.end(),
-                                    [&](const Box* other) { return isWithin(box, *other); });
+                                    [&](const Volume* other) { return isWithin(box, *other); });
     comparisons_ += static_cast<std::size_t>(found - boxes.begin());
     return found != boxes.end();
   }
 
   // Layers may share cells, whose boxes are measured once.
-  const Box& boxAt(std::size_t cell) {
+  const Volume& boxAt(std::size_t cell) {
     const auto [box, isNew] = measured_.try_emplace(cell);
     if (isNew) box->second = boxOf(document_.cells[cell]);
     return box->second;
@@ -150,8 +148,8 @@ class Chooser {
     for (const std::size_t cell : layer.cells)
       if (used_.insert(cell).second) boxes_.push_back(&boxAt(cell));
     if (!layer.cells.empty() || layer.states.empty()) return;
-    Box& extent = extentStorage_.emplace_back(layer.states.front());
-    for (const Box& state : layer.states) extend(extent, state);
+    Volume& extent = extentStorage_.emplace_back(layer.states.front());
+    for (const Volume& state : layer.states) extend(extent, state);
     extents_.push_back(&extent);
   }
 
@@ -195,12 +193,12 @@ class Chooser {
 
   GmlDocument& document_;
   Findings& findings_;
-  std::map<std::size_t, Layer> layers_;            // by their numbers
-  std::unordered_set<std::size_t> used_;           // cells
-  std::unordered_map<std::size_t, Box> measured_;  // by the number of the cell
-  std::vector<const Box*> boxes_;                  // of used cells
-  std::deque<Box> extentStorage_;
-  std::vector<const Box*> extents_;  // of used layers without cells
+  std::map<std::size_t, Layer> layers_;               // by their numbers
+  std::unordered_set<std::size_t> used_;              // cells
+  std::unordered_map<std::size_t, Volume> measured_;  // by the number of the cell
+  std::vector<const Volume*> boxes_;                  // of used cells
+  std::deque<Volume> extentStorage_;
+  std::vector<const Volume*> extents_;  // of used layers without cells
   std::size_t comparisons_ = 0;
   std::unordered_set<std::size_t> leftOut_;  // layers
   std::unordered_set<std::size_t> dropped_;  // cells of layers that are left out

@@ -6,9 +6,11 @@
 #include <cmath>
 #include <vector>
 
+#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Read/IndoorGml/GmlFootprint.hpp"
 #include "Apps/Import/Read/PlaneOrigin.hpp"
 #include "Apps/Import/Read/ReferenceSystem.hpp"
+#include "Apps/Package/Box.hpp"
 
 namespace orivanta::importer {
 
@@ -23,41 +25,32 @@ void forPositions(const GmlDocument& document, const Visit& visit) {
     for (const GmlPosition& position : state.positions) visit(Point{position.x, position.y});
 }
 
-struct Extent {
-  Point least{1e9, 1e9};
-  Point greatest{-1e9, -1e9};
-};
-
-Extent extentOf(const GmlDocument& document) {
-  Extent extent;
-  forPositions(document, [&](Point point) {
-    extent.least = {std::min(extent.least.x, point.x), std::min(extent.least.y, point.y)};
-    extent.greatest = {std::max(extent.greatest.x, point.x), std::max(extent.greatest.y, point.y)};
-  });
-  return extent;
+package::Box boxAround(const GmlDocument& document) {
+  package::Box box;
+  forPositions(document, [&](Point point) { box.add(point); });
+  return box;
 }
 
 // All of them are degrees, and they lie within a fraction of a degree.
-bool looksLikeDegrees(const Extent& extent, double largest) {
-  const auto& [least, greatest] = extent;
-  return least.x >= -180.0 && greatest.x <= 180.0 && least.y >= -180.0 && greatest.y <= 180.0 &&
-         greatest.x - least.x < largest && greatest.y - least.y < largest;
+bool looksLikeDegrees(const package::Box& box, double largest) {
+  const auto& [least, most] = box;
+  return least.x >= -180.0 && most.x <= 180.0 && least.y >= -180.0 && most.y <= 180.0 &&
+         most.x - least.x < largest && most.y - least.y < largest;
 }
 
 // No building is so small in any unit, and none is drawn so far from the origin of its plane.
-bool areSurelyDegrees(const Extent& extent) {
+bool areSurelyDegrees(const package::Box& box) {
   constexpr double largest = 0.02;
-  return looksLikeDegrees(extent, largest) &&
-         std::max(std::abs(extent.least.x), std::abs(extent.least.y)) > 1.0;
+  return looksLikeDegrees(box, largest) &&
+         std::max(std::abs(box.least.x), std::abs(box.least.y)) > 1.0;
 }
 
 void reportDegrees(const GmlDocument& document, Findings& findings) {
-  Finding finding;
-  finding.rule = "scale-guessed";
+  Finding finding = makeFinding(
+      Severity::warning, "scale-guessed", "",
+      {"The document does not state its reference system.", "The coordinates are taken as degrees.",
+       "Add srsName=\"EPSG:4326\" to its envelope."});
   finding.file = document.file;
-  finding.message = "The document does not state its reference system.";
-  finding.effect = "The coordinates are taken as degrees.";
-  finding.advice = "Add srsName=\"EPSG:4326\" to its envelope.";
   findings.add(std::move(finding));
 }
 
@@ -90,10 +83,10 @@ double plausibleUnit(double length, double least, double greatest, double expect
 GmlScale::GmlScale(const GmlDocument& document, const GmlStoreys& storeys, const Options& options,
                    Findings& findings) {
   const CoordinateUnit unit = supportedUnitOf(document.reference);
-  const Extent extent = extentOf(document);
-  const bool areUnstated = unit == CoordinateUnit::unknown && areSurelyDegrees(extent);
+  const package::Box box = boxAround(document);
+  const bool areUnstated = unit == CoordinateUnit::unknown && areSurelyDegrees(box);
   const bool degrees =
-      areUnstated || (unit == CoordinateUnit::degrees && looksLikeDegrees(extent, 0.5));
+      areUnstated || (unit == CoordinateUnit::degrees && looksLikeDegrees(box, 0.5));
   if (areUnstated) reportDegrees(document, findings);
   if (!degrees && unit != CoordinateUnit::meters) guess(document, storeys, options, findings);
   PlaneOrigin middle;
@@ -101,7 +94,7 @@ GmlScale::GmlScale(const GmlDocument& document, const GmlStoreys& storeys, const
   origin_ = middle.rounded(degrees ? 0.001 : 10.0);
   if (!degrees) return;
   // The full names of geographic systems have the latitude first.
-  latitudeFirst_ = areUnstated ? std::abs(extent.least.y) > 90.0
+  latitudeFirst_ = areUnstated ? std::abs(box.least.y) > 90.0
                                : document.reference.starts_with("urn:") ||
                                      document.reference.starts_with("http");
   projection_.emplace(latitudeFirst_ ? Georeference{origin_.x, origin_.y}
